@@ -1,0 +1,144 @@
+#include "DatabaseCatalogue.h"
+#include "DayKey.h"
+#include "RecordDatabase.h"
+#include "SqlReader.h"
+#include "TestDevice.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+const QString kLog = QStringLiteral("Kov2Food");
+
+DbRecord dayRecord(const QDate& day, const QString& note) {
+    DbRecord record;
+    record.append(DayKey::prop(day));
+    record.append(DbProp::text(1132, note));
+    return record;
+}
+
+class RecordDatabaseTest : public ::testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(RecordDatabase::Create(kLog, RecordDatabase::kDatabaseType, DayKey::kPropId)); }
+
+    QString noteOfDay(const QDate& day) {
+        RecordDatabase db;
+        EXPECT_TRUE(db.Open(kLog, DayKey::kPropId));
+        if (db.SeekFirstEqual(DayKey::prop(day)) == 0) {
+            return QStringLiteral("<missing>");
+        }
+        DbRecord record;
+        EXPECT_TRUE(db.ReadCurrent(record));
+        const DbProp* note = record.find(1132);
+        return note ? note->toText() : QStringLiteral("<no note>");
+    }
+
+    TestDevice m_device;
+};
+} // namespace
+
+TEST_F(RecordDatabaseTest, CreatesADatabaseOfTheProgramsTypeSortedOnItsProperty) {
+    EXPECT_TRUE(RecordDatabase::Exists(kLog));
+    EXPECT_FALSE(RecordDatabase::Exists(QStringLiteral("Kov2FoodAnn")));
+    SqlReader sql(m_device.paths().objectStore());
+    EXPECT_EQ(sql.value("SELECT type FROM databases WHERE name = ?", {kLog}).toLongLong(), 12345);
+    EXPECT_EQ(sql.value("SELECT sort_propid FROM databases WHERE name = ?", {kLog}).toLongLong(), 0x00400040);
+    EXPECT_FALSE(RecordDatabase::Create(kLog, RecordDatabase::kDatabaseType, DayKey::kPropId));
+}
+
+TEST_F(RecordDatabaseTest, FirstSaveOfADayAddsItsRecordAndTheSecondReplacesIt) {
+    const QDate day(2003, 3, 7);
+    RecordDatabase db;
+    ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
+    EXPECT_EQ(db.SeekFirstEqual(DayKey::prop(day)), 0u);
+
+    const CEOID added = db.Write(dayRecord(day, "first"), 0);
+    ASSERT_NE(added, 0u);
+    // A key built for the same day at another moment finds the same record.
+    EXPECT_EQ(db.SeekFirstEqual(DayKey::prop(QDate::fromString("2003-03-07", Qt::ISODate))), added);
+    EXPECT_EQ(db.CurrentRecordId(), added);
+
+    DbRecord change;
+    change.append(DbProp::text(1132, "second"));
+    EXPECT_EQ(db.Write(change, added), added);
+    EXPECT_EQ(db.recordCount(), 1u);
+    db.Close();
+    EXPECT_EQ(noteOfDay(day), "second");
+}
+
+TEST_F(RecordDatabaseTest, AWriteReplacesOnlyTheNamedPropertiesAndCanRemoveOne) {
+    const QDate day(2010, 1, 1);
+    RecordDatabase db;
+    ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
+    DbRecord record = dayRecord(day, "note");
+    record.append(DbProp::i2(102, 7));
+    record.append(DbProp::r8(108, 102.5));
+    const CEOID oid = db.Write(record, 0);
+
+    DbRecord change;
+    change.append(DbProp::i2(102, 9));
+    change.append(DbProp::deletion(108, CEVT_R8));
+    ASSERT_EQ(db.Write(change, oid), oid);
+
+    ASSERT_EQ(db.SeekFirstEqual(DayKey::prop(day)), oid);
+    DbRecord read;
+    ASSERT_TRUE(db.ReadCurrent(read));
+    ASSERT_EQ(read.size(), 3);
+    EXPECT_EQ(read.find(102)->toInt(), 9);
+    EXPECT_EQ(read.find(102)->type(), CEVT_I2);
+    EXPECT_EQ(read.find(1132)->toText(), "note");
+    EXPECT_EQ(read.find(108), nullptr);
+}
+
+TEST_F(RecordDatabaseTest, WalksRecordsInDateOrderWhateverTheOrderTheyWereWritten) {
+    RecordDatabase db;
+    ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
+    for (const QDate day : {QDate(2005, 6, 2), QDate(1999, 12, 31), QDate(2005, 6, 1)}) {
+        db.Write(dayRecord(day, day.toString(Qt::ISODate)), 0);
+    }
+    QStringList seen;
+    for (CEOID oid = db.SeekFirst(); oid != 0; oid = db.SeekNext()) {
+        DbRecord record;
+        ASSERT_TRUE(db.ReadCurrent(record));
+        seen << record.find(1132)->toText();
+    }
+    EXPECT_EQ(seen, QStringList({"1999-12-31", "2005-06-01", "2005-06-02"}));
+    EXPECT_EQ(db.SeekNext(), 0u);
+}
+
+TEST_F(RecordDatabaseTest, SeekNextRightAfterOpeningStartsAtTheFirstRecord) {
+    RecordDatabase db;
+    ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
+    const CEOID later = db.Write(dayRecord(QDate(2001, 1, 2), "b"), 0);
+    const CEOID earlier = db.Write(dayRecord(QDate(2001, 1, 1), "a"), 0);
+    db.Close();
+    ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
+    EXPECT_EQ(db.SeekNext(), earlier);
+    EXPECT_EQ(db.SeekNext(), later);
+}
+
+TEST_F(RecordDatabaseTest, DeletesRecordsAndWholeDatabases) {
+    const QDate day(2004, 4, 4);
+    RecordDatabase db;
+    ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
+    const CEOID oid = db.Write(dayRecord(day, "x"), 0);
+    EXPECT_TRUE(db.DeleteRecord(oid));
+    EXPECT_EQ(db.SeekFirstEqual(DayKey::prop(day)), 0u);
+    EXPECT_FALSE(db.DeleteRecord(oid));
+
+    db.Write(dayRecord(day, "y"), 0);
+    EXPECT_TRUE(db.DeleteDatabase());
+    EXPECT_FALSE(db.isOpen());
+    EXPECT_FALSE(RecordDatabase::Exists(kLog));
+    SqlReader sql(m_device.paths().objectStore());
+    EXPECT_EQ(sql.value("SELECT count(*) FROM records").toLongLong(), 0);
+}
+
+TEST_F(RecordDatabaseTest, OperationsOnAClosedOrMissingDatabaseFail) {
+    RecordDatabase db;
+    EXPECT_FALSE(db.Open(QStringLiteral("NoSuchDatabase"), DayKey::kPropId));
+    DbRecord record;
+    EXPECT_EQ(db.SeekFirst(), 0u);
+    EXPECT_FALSE(db.ReadCurrent(record));
+    EXPECT_EQ(db.Write(dayRecord(QDate(2001, 1, 1), "x"), 0), 0u);
+    EXPECT_FALSE(db.DeleteDatabase());
+}
