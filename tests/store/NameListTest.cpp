@@ -1,0 +1,45 @@
+#include "NameList.h"
+#include "RecordDatabase.h"
+#include "TestDevice.h"
+
+#include <gtest/gtest.h>
+
+TEST(NameList, IsCreatedWithItsDefaultsOnceAndListedInTextOrder) {
+    TestDevice device;
+    const NameList list(QStringLiteral("KovChestList"));
+    EXPECT_FALSE(list.exists());
+    ASSERT_TRUE(list.ensureExists({"Dumbbell Flyes", "Barbell Bench Press", "Incline Dumbbell Press"}));
+    // A second call finds the list and adds nothing.
+    ASSERT_TRUE(list.ensureExists({"Dumbbell Flyes"}));
+    EXPECT_EQ(list.items(), QStringList({"Barbell Bench Press", "Dumbbell Flyes", "Incline Dumbbell Press"}));
+}
+
+TEST(NameList, AddsEachTextOnceComparingCaseSensitively) {
+    TestDevice device;
+    const NameList list(QStringLiteral("KovCourseList"));
+    ASSERT_TRUE(list.ensureExists());
+    EXPECT_EQ(list.add("Lake loop"), NameList::AddResult::Added);
+    EXPECT_EQ(list.add("Lake loop"), NameList::AddResult::AlreadyThere);
+    EXPECT_EQ(list.add("lake loop"), NameList::AddResult::Added);
+    // Upper case sorts before lower case.
+    EXPECT_EQ(list.items(), QStringList({"Lake loop", "lake loop"}));
+}
+
+TEST(NameList, RemovesOnlyAnExactMatch) {
+    TestDevice device;
+    const NameList list(QStringLiteral("KovProList"));
+    ASSERT_TRUE(list.ensureExists({"Chicken", "Tuna"}));
+    EXPECT_FALSE(list.remove("chicken"));
+    EXPECT_TRUE(list.remove("Chicken"));
+    EXPECT_FALSE(list.remove("Chicken"));
+    EXPECT_EQ(list.items(), QStringList({"Tuna"}));
+}
+
+TEST(NameList, AMissingListCannotBeReadOrChanged) {
+    TestDevice device;
+    const NameList list(QStringLiteral("KovVegList"));
+    EXPECT_EQ(list.items(), std::nullopt);
+    EXPECT_EQ(list.add("Peas"), NameList::AddResult::Failed);
+    EXPECT_FALSE(list.remove("Peas"));
+    EXPECT_FALSE(RecordDatabase::Exists(QStringLiteral("KovVegList")));
+}
