@@ -1,0 +1,114 @@
+#include "AnsiText.h"
+
+#include <QString>
+
+#include <algorithm>
+#include <cstring>
+#include <optional>
+#include <string>
+
+namespace {
+// What 1252 puts at 0x80..0x9F; 0 marks the five bytes it leaves undefined.
+constexpr char16_t kBlock80[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                   0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
+                                   0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                   0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+std::optional<char> toWindows1252(char16_t unit) {
+    if (unit < 0x80 || (unit >= 0xA0 && unit <= 0xFF)) {
+        return static_cast<char>(unit);
+    }
+    const auto* found = std::find(std::begin(kBlock80), std::end(kBlock80), unit);
+    if (unit == 0 || found == std::end(kBlock80)) {
+        return std::nullopt;
+    }
+    return static_cast<char>(0x80 + (found - std::begin(kBlock80)));
+}
+
+bool isCombiningMark(char16_t unit) {
+    return unit >= 0x0300 && unit <= 0x036F;
+}
+
+class Conversion {
+public:
+    Conversion(DWORD flags, char defaultByte) : m_flags(flags), m_default(defaultByte) {}
+
+    std::string run(const WCHAR* wide, int length) {
+        int i = 0;
+        while (i < length) {
+            const bool pair = (m_flags & WC_COMPOSITECHECK) && i + 1 < length && isCombiningMark(wide[i + 1]) &&
+                              !isCombiningMark(wide[i]);
+            if (pair) {
+                putPair(wide[i], wide[i + 1]);
+                i += 2;
+            } else {
+                put(wide[i]);
+                ++i;
+            }
+        }
+        return m_bytes;
+    }
+    bool usedDefault() const { return m_usedDefault; }
+
+private:
+    void put(char16_t unit) {
+        if (const auto byte = toWindows1252(unit)) {
+            m_bytes += *byte;
+        } else {
+            putDefault();
+        }
+    }
+    void putDefault() {
+        m_bytes += m_default;
+        m_usedDefault = true;
+    }
+    void putPair(char16_t base, char16_t mark) {
+        const QChar units[] = {QChar(base), QChar(mark)};
+        const QString composed = QString(units, 2).normalized(QString::NormalizationForm_C);
+        const auto byte = composed.size() == 1 ? toWindows1252(composed[0].unicode()) : std::nullopt;
+        if (byte) {
+            m_bytes += *byte;
+        } else if (m_flags & WC_DEFAULTCHAR) {
+            putDefault();
+        } else if (m_flags & WC_DISCARDNS) {
+            put(base);
+        } else {
+            put(base);
+            put(mark);
+        }
+    }
+
+    DWORD m_flags;
+    char m_default;
+    bool m_usedDefault = false;
+    std::string m_bytes;
+};
+
+int fail(DWORD error) {
+    SetLastError(error);
+    return 0;
+}
+} // namespace
+
+int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR* wide, int cchWide, char* multi, int cbMulti,
+                        const char* defaultChar, BOOL* usedDefault) {
+    if ((codePage != CP_ACP && codePage != CP_1252) || wide == nullptr || cchWide == 0 || cchWide < -1 ||
+        cbMulti < 0 || (cbMulti > 0 && multi == nullptr)) {
+        return fail(ERROR_INVALID_PARAMETER);
+    }
+    const int length = cchWide == -1 ? static_cast<int>(std::char_traits<char16_t>::length(wide)) + 1 : cchWide;
+    Conversion conversion(flags, defaultChar != nullptr ? *defaultChar : '?');
+    const std::string bytes = conversion.run(wide, length);
+    if (usedDefault != nullptr) {
+        *usedDefault = conversion.usedDefault() ? TRUE : FALSE;
+    }
+    const int count = static_cast<int>(bytes.size());
+    if (cbMulti == 0) {
+        return count;
+    }
+    std::memcpy(multi, bytes.data(), static_cast<size_t>(std::min(count, cbMulti)));
+    if (count > cbMulti) {
+        return fail(ERROR_INSUFFICIENT_BUFFER);
+    }
+    return count;
+}

@@ -1,0 +1,42 @@
+#include "MessageBox.h"
+
+#include <cstdio>
+
+namespace {
+MessageBoxPresenter*& installedPresenter() {
+    static MessageBoxPresenter* presenter = nullptr;
+    return presenter;
+}
+
+// The answer of the box's default button.
+int defaultAnswer(UINT type) {
+    const UINT buttons = type & MB_TYPEMASK;
+    const bool second = (type & MB_DEFMASK) == MB_DEFBUTTON2;
+    const bool third = (type & MB_DEFMASK) == MB_DEFBUTTON3;
+    switch (buttons) {
+    case MB_OKCANCEL:
+        return second ? IDCANCEL : IDOK;
+    case MB_YESNO:
+        return second ? IDNO : IDYES;
+    case MB_YESNOCANCEL:
+        return third ? IDCANCEL : second ? IDNO : IDYES;
+    default:
+        return IDOK;
+    }
+}
+} // namespace
+
+int MessageBoxW(QObject* owner, const QString& text, const QString& caption, UINT type) {
+    if (MessageBoxPresenter* presenter = installedPresenter()) {
+        return presenter->show(owner, text, caption, type);
+    }
+    // No screen to show it on (a tool, a test without a presenter): the message still reaches the user.
+    std::fprintf(stderr, "%s: %s\n", caption.toLocal8Bit().constData(), text.toLocal8Bit().constData());
+    return defaultAnswer(type);
+}
+
+MessageBoxPresenter* setMessageBoxPresenter(MessageBoxPresenter* presenter) {
+    MessageBoxPresenter* previous = installedPresenter();
+    installedPresenter() = presenter;
+    return previous;
+}
