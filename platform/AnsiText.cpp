@@ -92,8 +92,8 @@ int fail(DWORD error) {
 
 int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR* wide, int cchWide, char* multi, int cbMulti,
                         const char* defaultChar, BOOL* usedDefault) {
-    if ((codePage != CP_ACP && codePage != CP_1252) || wide == nullptr || cchWide == 0 || cchWide < -1 ||
-        cbMulti < 0 || (cbMulti > 0 && multi == nullptr)) {
+    if ((codePage != CP_ACP && codePage != CP_1252) || wide == nullptr || cchWide == 0 || cchWide < -1 || cbMulti < 0 ||
+        (cbMulti > 0 && multi == nullptr)) {
         return fail(ERROR_INVALID_PARAMETER);
     }
     const int length = cchWide == -1 ? static_cast<int>(std::char_traits<char16_t>::length(wide)) + 1 : cchWide;

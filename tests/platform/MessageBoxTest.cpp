@@ -4,19 +4,15 @@
 #include <gtest/gtest.h>
 
 TEST(MessageBox, WithoutPresenterWritesToStandardErrorAndGivesTheDefaultAnswer) {
-    struct Case {
-        UINT type;
-        int answer;
-    };
-    const Case cases[] = {{MB_OK | MB_ICONERROR, IDOK},
-                          {MB_OKCANCEL, IDOK},
-                          {MB_OKCANCEL | MB_DEFBUTTON2, IDCANCEL},
-                          {MB_YESNO | MB_ICONQUESTION, IDYES},
-                          {MB_YESNO | MB_DEFBUTTON2, IDNO},
-                          {MB_YESNOCANCEL | MB_DEFBUTTON3, IDCANCEL}};
-    for (const Case& c : cases) {
+    const std::pair<UINT, int> cases[] = {{MB_OK | MB_ICONERROR, IDOK},
+                                          {MB_OKCANCEL, IDOK},
+                                          {MB_OKCANCEL | MB_DEFBUTTON2, IDCANCEL},
+                                          {MB_YESNO | MB_ICONQUESTION, IDYES},
+                                          {MB_YESNO | MB_DEFBUTTON2, IDNO},
+                                          {MB_YESNOCANCEL | MB_DEFBUTTON3, IDCANCEL}};
+    for (const auto& [type, answer] : cases) {
         testing::internal::CaptureStderr();
-        EXPECT_EQ(MessageBoxW(nullptr, "Record not found", "Kovalin", c.type), c.answer) << c.type;
+        EXPECT_EQ(MessageBoxW(nullptr, "Record not found", "Kovalin", type), answer) << type;
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "Kovalin: Record not found\n");
     }
 }
@@ -47,7 +43,6 @@ TEST(MessageBox, ScriptedBoxesPutBackThePresenterTheyReplaced) {
     }
     MessageBoxW(nullptr, "outside", "Kovalin", MB_OK);
     EXPECT_EQ(outer.texts(), QStringList({"outside"}));
-
     EXPECT_EQ(setMessageBoxPresenter(nullptr), &outer);
     EXPECT_EQ(setMessageBoxPresenter(&outer), nullptr);
 }

@@ -7,136 +7,94 @@
 namespace {
 constexpr DWORD kErrorInvalidFlags = 1004;
 
-SYSTEMTIME at(int hour, int minute, int second = 0, int ms = 0) {
-    SYSTEMTIME st{2003, 3, 5, 7};
-    st.wHour = static_cast<WORD>(hour);
-    st.wMinute = static_cast<WORD>(minute);
-    st.wSecond = static_cast<WORD>(second);
-    st.wMilliseconds = static_cast<WORD>(ms);
-    return st;
-}
-
-SYSTEMTIME on(int year, int month, int day) {
-    SYSTEMTIME st;
-    st.wYear = static_cast<WORD>(year);
-    st.wMonth = static_cast<WORD>(month);
-    st.wDay = static_cast<WORD>(day);
-    return st;
-}
-
-QString time(const SYSTEMTIME& st, const QString& picture, DWORD flags = 0) {
+QString time(int hour, int minute, int second, const QString& picture, DWORD flags = 0) {
+    const SYSTEMTIME st{2003, 3, 5, 7, static_cast<WORD>(hour), static_cast<WORD>(minute), static_cast<WORD>(second)};
     return GetTimeFormatW(flags, &st, picture);
 }
 
-QString date(const SYSTEMTIME& st, const QString& picture = {}, DWORD flags = 0) {
+QString date(int year, int month, int day, const QString& picture = {}, DWORD flags = 0) {
+    // The weekday and the time fields are nonsense on purpose: a date picture ignores them.
+    const SYSTEMTIME st{static_cast<WORD>(year), static_cast<WORD>(month), 6, static_cast<WORD>(day), 36};
     return GetDateFormatW(flags, &st, picture);
+}
+
+void expectFailure(const QString& result, DWORD error) {
+    EXPECT_EQ(result, "");
+    EXPECT_EQ(GetLastError(), error);
+    SetLastError(0);
 }
 } // namespace
 
-TEST(TimeFormat, TimePictures) {
-    EXPECT_EQ(time(at(13, 5), "h:mmt"), "1:05P");
-    EXPECT_EQ(time(at(14, 5, 3), "h hh H HH m mm s ss t tt"), "2 02 14 14 5 05 3 03 P PM");
-    EXPECT_EQ(time(at(8, 56, 13), "hhh:HHH:mmm:sss ttt"), "08:08:56:13 AM");
-    EXPECT_EQ(time(at(8, 56, 13), {}), "8:56:13 AM");
-    // The 12-hour clock shows 12 at midnight and at noon.
-    EXPECT_EQ(time(at(0, 0), "h/hh/H/HH t"), "12/12/0/00 A");
-    EXPECT_EQ(time(at(12, 0), "h/hh/H/HH t"), "12/12/12/12 P");
-    EXPECT_EQ(time(at(11, 59), "h tt"), "11 AM");
-    EXPECT_EQ(time(at(23, 59), "h tt"), "11 PM");
-    // Date letters are text in a time picture.
-    EXPECT_EQ(time(at(9, 7), "H.mm dMy"), "9.07 dMy");
-}
+TEST(TimeFormat, TimePicturesAndQuotes) {
+    EXPECT_EQ(time(13, 5, 0, "h:mmt"), "1:05P");
+    EXPECT_EQ(time(14, 5, 3, "h hh H HH m mm s ss t tt"), "2 02 14 14 5 05 3 03 P PM");
+    EXPECT_EQ(time(8, 56, 13, "hhh:HHH:mmm:sss ttt dMy"), "08:08:56:13 AM dMy");
+    EXPECT_EQ(time(8, 56, 13, {}), "8:56:13 AM");
+    EXPECT_EQ(time(0, 0, 0, "h/hh/H/HH t"), "12/12/0/00 A");
+    EXPECT_EQ(time(12, 0, 0, "h/hh/H/HH t"), "12/12/12/12 P");
+    EXPECT_EQ(time(23, 59, 0, "h tt"), "11 PM");
 
-TEST(TimeFormat, QuotedTextIsCopiedAsItStands) {
-    const SYSTEMTIME t = at(8, 56, 13);
-    EXPECT_EQ(time(t, "h 'h' H 'H' HH 'HH' m 'm' s 's' t 't' tt 'tt'"), "8 h 8 H 08 HH 56 m 13 s A t AM tt");
-    EXPECT_EQ(time(t, "h 'o''clock'"), "8 o'clock");
-    EXPECT_EQ(time(t, "''''"), "'");
-    EXPECT_EQ(time(t, "''HH"), "08");
-    EXPECT_EQ(time(t, "'''HH'"), "'HH");
-    EXPECT_EQ(time(t, "HH 'unclosed"), "08 unclosed");
+    EXPECT_EQ(time(8, 56, 13, "h 'h' H 'H' m 'm' s 's' t 't' tt 'tt'"), "8 h 8 H 56 m 13 s A t AM tt");
+    EXPECT_EQ(time(8, 0, 0, "h 'o''clock'"), "8 o'clock");
+    EXPECT_EQ(time(8, 0, 0, "''''"), "'");
+    EXPECT_EQ(time(8, 0, 0, "''HH'''HH'"), "08'HH");
+    EXPECT_EQ(time(8, 0, 0, "HH 'unclosed"), "08 unclosed");
 }
 
 TEST(TimeFormat, FlagsLeaveFieldsOutWithTheirSeparators) {
-    const SYSTEMTIME morning = at(8, 56, 13);
-    EXPECT_EQ(time(morning, "h:mm:ss tt", TIME_NOSECONDS), "8:56 AM");
-    EXPECT_EQ(time(morning, {}, TIME_NOSECONDS), "8:56 AM");
-    EXPECT_EQ(time(morning, {}, TIME_NOMINUTESORSECONDS), "8 AM");
-    EXPECT_EQ(time(morning, "h.@:m.@:s.@:tt", TIME_NOSECONDS), "8.@:56AM");
-    EXPECT_EQ(time(morning, "m1s2m3s4", TIME_NOMINUTESORSECONDS), "");
-
-    const SYSTEMTIME afternoon = at(13, 5, 9);
-    EXPECT_EQ(time(afternoon, "hh:mm:ss tt", TIME_NOTIMEMARKER), "01:05:09");
-    EXPECT_EQ(time(afternoon, "tt hh:mm", TIME_NOTIMEMARKER), " 01:05"); // spaces stay
-    EXPECT_EQ(time(afternoon, "h1t2tt3m", TIME_NOTIMEMARKER), "15");
-    EXPECT_EQ(time(afternoon, "'at 'tt", TIME_NOTIMEMARKER), "");
-    EXPECT_EQ(time(afternoon, "hh:mm:ss tt", TIME_FORCE24HOURFORMAT), "13:05:09 PM");
-    EXPECT_EQ(time(afternoon, "h:mm", TIME_FORCE24HOURFORMAT | TIME_NOSECONDS), "13:05");
+    EXPECT_EQ(time(8, 56, 13, "h:mm:ss tt", TIME_NOSECONDS), "8:56 AM");
+    EXPECT_EQ(time(8, 56, 13, {}, TIME_NOMINUTESORSECONDS), "8 AM");
+    EXPECT_EQ(time(8, 56, 13, "h.@:m.@:s.@:tt", TIME_NOSECONDS), "8.@:56AM");
+    EXPECT_EQ(time(8, 56, 13, "m1s2m3s4", TIME_NOMINUTESORSECONDS), "");
+    EXPECT_EQ(time(13, 5, 9, "hh:mm:ss tt", TIME_NOTIMEMARKER), "01:05:09");
+    EXPECT_EQ(time(13, 5, 9, "tt hh:mm", TIME_NOTIMEMARKER), " 01:05"); // spaces stay
+    EXPECT_EQ(time(13, 5, 9, "h1t2tt3m", TIME_NOTIMEMARKER), "15");
+    EXPECT_EQ(time(13, 5, 9, "'at 'tt", TIME_NOTIMEMARKER), "");
+    EXPECT_EQ(time(13, 5, 9, "hh:mm:ss tt", TIME_FORCE24HOURFORMAT), "13:05:09 PM");
 }
 
-TEST(TimeFormat, InvalidTimeFailsWhateverTheDate) {
-    const SYSTEMTIME invalid[] = {at(24, 0), at(12, 60), at(12, 0, 60), at(12, 0, 0, 1000)};
-    for (const SYSTEMTIME& st : invalid) {
-        SetLastError(0);
-        EXPECT_EQ(time(st, "HH:mm:ss"), "");
-        EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
-    }
-    SYSTEMTIME noDate = at(12, 56, 13);
-    noDate.wMonth = 60;
-    EXPECT_EQ(time(noDate, "h:m:s"), "12:56:13");
-    SetLastError(0);
-    EXPECT_EQ(GetTimeFormatW(0x10, &noDate, {}), "");
-    EXPECT_EQ(GetLastError(), kErrorInvalidFlags);
+TEST(TimeFormat, InvalidTimesAndFlagsFail) {
+    expectFailure(time(24, 0, 0, "HH:mm"), ERROR_INVALID_PARAMETER);
+    expectFailure(time(12, 60, 0, "HH:mm"), ERROR_INVALID_PARAMETER);
+    expectFailure(time(12, 0, 60, "HH:mm"), ERROR_INVALID_PARAMETER);
+    SYSTEMTIME st{2003, 60, 0, 7, 12, 56, 13, 1000};
+    expectFailure(GetTimeFormatW(0, &st, "h:m:s"), ERROR_INVALID_PARAMETER);
+    st.wMilliseconds = 999;
+    EXPECT_EQ(GetTimeFormatW(0, &st, "h:m:s"), "12:56:13"); // the date does not matter
+    expectFailure(GetTimeFormatW(0x10, &st, {}), kErrorInvalidFlags);
 }
 
 TEST(TimeFormat, DatePictures) {
-    const SYSTEMTIME friday = on(2003, 3, 7);
-    EXPECT_EQ(date(friday, "d dd ddd dddd M MM MMM MMMM y yy yyyy"), "7 07 Fri Friday 3 03 Mar March 3 03 2003");
-    EXPECT_EQ(date(friday, "ddddd MMMMM yyyyy yyy"), "Friday March 2003 03");
-    EXPECT_EQ(date(on(2002, 5, 4), "ddd',' MMM dd ''''yy"), "Sat, May 04 '02");
-    EXPECT_EQ(date(friday, "d 'de' MMMM, h:mm"), "7 de March, h:mm");
-    EXPECT_EQ(date(on(1968, 11, 29), "M/d/yyyy"), "11/29/1968");
+    EXPECT_EQ(date(2003, 3, 7, "d dd ddd dddd M MM MMM MMMM y yy yyyy"), "7 07 Fri Friday 3 03 Mar March 3 03 2003");
+    EXPECT_EQ(date(2003, 3, 7, "ddddd MMMMM yyyyy yyy"), "Friday March 2003 03");
+    EXPECT_EQ(date(2002, 5, 4, "ddd',' MMM dd ''''yy"), "Sat, May 04 '02");
+    EXPECT_EQ(date(2003, 3, 7, "d 'de' MMMM, h:mm"), "7 de March, h:mm");
 
-    const char* days[] = {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
-    for (int i = 0; i < 7; ++i) {
-        const QString full = QString::fromLatin1(days[i]);
-        EXPECT_EQ(date(on(2003, 3, 2 + i), "dddd ddd"), full + u' ' + full.left(3));
+    QStringList days;
+    for (int day = 2; day <= 8; ++day) {
+        days << date(2003, 3, day, "dddd/ddd");
     }
-    const char* months[] = {"January", "February", "March",     "April",   "May",      "June",
-                            "July",    "August",   "September", "October", "November", "December"};
-    for (int i = 0; i < 12; ++i) {
-        const QString full = QString::fromLatin1(months[i]);
-        EXPECT_EQ(date(on(2003, i + 1, 1), "MMMM MMM"), full + u' ' + full.left(3));
+    EXPECT_EQ(days.join(' '), "Sunday/Sun Monday/Mon Tuesday/Tue Wednesday/Wed Thursday/Thu Friday/Fri Saturday/Sat");
+    QStringList months;
+    for (int month = 1; month <= 12; ++month) {
+        months << date(2003, month, 1, "MMMM/MMM");
     }
+    EXPECT_EQ(months.join(' '), "January/Jan February/Feb March/Mar April/Apr May/May June/Jun July/Jul August/Aug "
+                                "September/Sep October/Oct November/Nov December/Dec");
 }
 
-TEST(TimeFormat, DateFlagsAndDefaults) {
-    SYSTEMTIME friday = on(2003, 3, 7);
-    friday.wDayOfWeek = 1; // ignored: the weekday comes from the date
-    friday.wHour = 36;     // ignored: a date picture has no time
-    EXPECT_EQ(date(friday), "3/7/03");
-    EXPECT_EQ(date(friday, {}, DATE_SHORTDATE), "3/7/03");
-    EXPECT_EQ(date(friday, {}, DATE_LONGDATE), "Friday, March 07, 2003");
-    EXPECT_EQ(date(on(2000, 2, 29), {}, DATE_LONGDATE), "Tuesday, February 29, 2000");
+TEST(TimeFormat, DateFlagsAndFailures) {
+    EXPECT_EQ(date(2003, 3, 7), "3/7/03");
+    EXPECT_EQ(date(2003, 3, 7, {}, DATE_SHORTDATE), "3/7/03");
+    EXPECT_EQ(date(2003, 3, 7, {}, DATE_LONGDATE), "Friday, March 07, 2003");
+    EXPECT_EQ(date(2000, 2, 29, {}, DATE_LONGDATE), "Tuesday, February 29, 2000");
 
-    const DWORD badFlags[] = {DATE_SHORTDATE | DATE_LONGDATE, 0x10};
-    for (DWORD flags : badFlags) {
-        SetLastError(0);
-        EXPECT_EQ(date(friday, {}, flags), "");
-        EXPECT_EQ(GetLastError(), kErrorInvalidFlags);
-    }
-    SetLastError(0);
-    EXPECT_EQ(date(friday, "d", DATE_SHORTDATE), "");
-    EXPECT_EQ(GetLastError(), kErrorInvalidFlags);
-}
-
-TEST(TimeFormat, InvalidDateFails) {
-    const SYSTEMTIME invalid[] = {on(1900, 2, 29), on(2100, 2, 29), on(2003, 13, 1), on(2003, 4, 31), on(1600, 1, 1)};
-    for (const SYSTEMTIME& st : invalid) {
-        SetLastError(0);
-        EXPECT_EQ(date(st, "d/M/yyyy"), "");
-        EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
-    }
+    expectFailure(date(1900, 2, 29), ERROR_INVALID_PARAMETER);
+    expectFailure(date(2100, 2, 29), ERROR_INVALID_PARAMETER);
+    expectFailure(date(2003, 13, 1), ERROR_INVALID_PARAMETER);
+    expectFailure(date(1600, 1, 1), ERROR_INVALID_PARAMETER);
+    expectFailure(date(2003, 3, 7, {}, DATE_SHORTDATE | DATE_LONGDATE), kErrorInvalidFlags);
+    expectFailure(date(2003, 3, 7, "d", DATE_SHORTDATE), kErrorInvalidFlags);
 }
 
 TEST(TimeFormat, NoTimeGivenMeansNow) {
