@@ -1,0 +1,36 @@
+#pragma once
+// Runs a bench program's Google Benchmark cases and turns each pair of (store, baseline) cases into
+// one ratio: the median real time per iteration of the store case over that of its baseline, both
+// measured in the same run, their repetitions randomly interleaved so that load on the machine
+// falls on both alike. Prints "ratio <name>: X.XX (limit L)" per pair.
+//
+// Accepts the usual --benchmark_* flags, and --check: exit 1 when a ratio is over its limit.
+// Without --benchmark_repetitions it runs 5 repetitions of every case.
+
+#include <string>
+#include <vector>
+
+class RatioRunner {
+public:
+    RatioRunner(int argc, char** argv);
+
+    // A ratio to report: the store case's time over the baseline case's, named after the cases'
+    // registered names.
+    void addRatio(const std::string& name, const std::string& storeCase, const std::string& baselineCase,
+                  double limit);
+    // Runs the registered cases; 0 on success, 1 when a case failed or (with --check) a ratio is
+    // over its limit, 2 for an unknown argument.
+    int run();
+
+private:
+    struct Ratio {
+        std::string name;
+        std::string storeCase;
+        std::string baselineCase;
+        double limit;
+    };
+
+    std::vector<std::string> m_arguments;
+    std::vector<Ratio> m_ratios;
+    bool m_check = false;
+};
