@@ -1,0 +1,60 @@
+#include "ExerciseLists.h"
+#include "NameList.h"
+#include "SqlReader.h"
+#include "TestDevice.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+// The items of a list in the order their records were added.
+QStringList itemsInAddedOrder(const SqlReader& sql, const QString& list, int count) {
+    QStringList items;
+    for (int i = 0; i < count + 1; ++i) {
+        const QVariant item = sql.value("SELECT p.value FROM records r JOIN databases d ON r.db = d.oid "
+                                        "JOIN props p ON p.record = r.oid AND p.propid = 52494367 "
+                                        "WHERE d.name = ? ORDER BY r.oid LIMIT 1 OFFSET ?",
+                                        {list, i});
+        if (item.isValid()) {
+            items << item.toString();
+        }
+    }
+    return items;
+}
+} // namespace
+
+TEST(ExerciseLists, EachGroupHasItsListWithItsDefaultsAddedOnceInOrder) {
+    TestDevice device;
+    const auto chest = *MuscleGroup::fromCode(1101);
+    ASSERT_EQ(ExerciseLists::load(chest),
+              QStringList({"Barbell Bench Press", "Dumbbell Bench Press", "Dumbbell Flyes", "Incline Dumbbell Press"}));
+    SqlReader sql(device.paths().objectStore());
+    EXPECT_EQ(itemsInAddedOrder(sql, "KovChestList", 4),
+              QStringList({"Dumbbell Bench Press", "Incline Dumbbell Press", "Dumbbell Flyes", "Barbell Bench Press"}));
+    EXPECT_EQ(sql.value("SELECT type FROM databases WHERE name = 'KovChestList'").toLongLong(), 12345);
+
+    // An existing list is used as it stands: a removed default does not come back.
+    ASSERT_TRUE(NameList("KovChestList").remove("Dumbbell Flyes"));
+    EXPECT_EQ(ExerciseLists::load(chest)->size(), 3);
+
+    const auto abs = *MuscleGroup::fromCode(1204);
+    ASSERT_TRUE(ExerciseLists::load(abs));
+    EXPECT_EQ(itemsInAddedOrder(sql, "KovAbsList", 4),
+              QStringList({"Floor Crunches", "Twist Crunches", "Decline Sit Ups", "Bent Knee Leg Raises"}));
+    for (int code : {1106, 1205, 1206}) {
+        EXPECT_EQ(ExerciseLists::load(*MuscleGroup::fromCode(code)), QStringList()) << code;
+    }
+    EXPECT_EQ(ExerciseLists::databaseNames(),
+              QStringList({"KovChestList", "KovShldrList", "KovBackList", "KovTricepsList", "KovBicepsList",
+                           "MiscUpperList", "KovQuadsList", "KovHamstringsList", "KovCalvesList", "KovAbsList",
+                           "MiscLower1List", "MiscLower2List"}));
+    EXPECT_EQ(ExerciseLists::defaults(*MuscleGroup::fromCode(1202)),
+              QStringList({"Dumbbell Lunges", "Standing Leg Curls", "Lying Leg Curls", "Straight Leg Deadlifts"}));
+}
+
+TEST(ExerciseLists, CodesOutsideTheTableHaveNoList) {
+    for (int code : {0, 1100, 1107, 1200, 1207, 2101}) {
+        EXPECT_EQ(ExerciseLists::databaseName(code), std::nullopt) << code;
+    }
+    EXPECT_EQ(ExerciseLists::databaseName(1203), "KovCalvesList");
+    EXPECT_EQ(ExerciseLists::kUnknownTypeText, "Error finding exercise type");
+}

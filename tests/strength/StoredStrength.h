@@ -1,0 +1,48 @@
+#pragma once
+// Reads what the strength databases hold with plain SQL: a day's record is found by the value of
+// its property 64, computed here from the calendar independently of the day-key code.
+
+#include "SqlReader.h"
+
+#include <QDate>
+#include <QString>
+
+class StoredStrength {
+public:
+    explicit StoredStrength(const QString& objectStore) : m_sql(objectStore) {}
+
+    // The FILETIME count of day at 12:12:12.012.
+    static qint64 keyOf(const QDate& day) {
+        const qint64 seconds = QDate(1601, 1, 1).daysTo(day) * 86400 + 12 * 3600 + 12 * 60 + 12;
+        return seconds * 10'000'000 + 12 * 10'000;
+    }
+    static qint64 propId(int number, int type) { return (qint64(number) << 16) | type; }
+
+    qint64 recordCount(const QString& db) const {
+        return m_sql.value("SELECT count(*) FROM records r JOIN databases d ON r.db = d.oid WHERE d.name = ?", {db})
+            .toLongLong();
+    }
+    // The number of properties of the day's record, or of those numbered first to last.
+    qint64 propCount(const QString& db, const QDate& day, int first = 0, int last = 0xFFFF) const {
+        return m_sql
+            .value("SELECT count(*) FROM props p WHERE p.record = (" + kDayRecord +
+                       ") AND (p.propid >> 16) BETWEEN ? AND ?",
+                   {db, keyOf(day), first, last})
+            .toLongLong();
+    }
+    QVariant value(const QString& db, const QDate& day, int number, int type) const {
+        return m_sql.value("SELECT value FROM props WHERE record = (" + kDayRecord + ") AND propid = ?",
+                           {db, keyOf(day), propId(number, type)});
+    }
+    // The SQLite type of that value ("integer", "real", "text"; "null" when the record lacks it).
+    QString typeOf(const QString& db, const QDate& day, int number, int type) const {
+        return m_sql.typeOf("SELECT value FROM props WHERE record = (" + kDayRecord + ") AND propid = ?",
+                            {db, keyOf(day), propId(number, type)});
+    }
+
+private:
+    inline static const QString kDayRecord =
+        "SELECT r.oid FROM records r JOIN databases d ON r.db = d.oid JOIN props k ON k.record = r.oid "
+        "WHERE d.name = ? AND k.propid = 4194368 AND k.value = ?";
+    SqlReader m_sql;
+};

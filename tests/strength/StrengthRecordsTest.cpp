@@ -1,0 +1,191 @@
+#include "StoredStrength.h"
+#include "StrengthRecords.h"
+#include "TestDevice.h"
+
+#include "Clock.h"
+#include "ScriptedMessageBoxes.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+const QString kA = QStringLiteral("Kov2AUpperBodyAnn");
+const QString kB = QStringLiteral("Kov2BUpperBodyAnn");
+const QDate kDay(2024, 3, 9);
+constexpr int kI2 = 2, kUI2 = 18, kR8 = 5, kText = 31, kFileTime = 64;
+
+StrengthSet set(const QString& exercise, const QString& reps, double weight, const QString& rest, int intensity) {
+    StrengthSet s;
+    s.exercise = exercise;
+    s.reps = reps;
+    s.weight = weight;
+    s.rest = rest;
+    s.intensity = intensity;
+    return s;
+}
+
+MuscleGroup upper(int index) {
+    return MuscleGroup(BodyRegion::Upper, index);
+}
+
+class StrengthRecordsTest : public ::testing::Test {
+protected:
+    void SetUp() override { Clock::setFixed(QDateTime(QDate(2024, 3, 5), QTime(7, 41, 30))); }
+    void TearDown() override { Clock::setFixed(std::nullopt); }
+
+    TestDevice m_device;
+    ScriptedMessageBoxes m_boxes;
+    StrengthRecords m_records{kA, kB};
+    StoredStrength m_stored{m_device.paths().objectStore()};
+};
+} // namespace
+
+TEST_F(StrengthRecordsTest, NewDatabasesHoldTheMarkerAndAFirstVisitAddsTheDayRecords) {
+    ASSERT_TRUE(m_records.EnsureDatabases());
+    ASSERT_TRUE(m_records.EnsureDatabases());
+    const QDate reference(1968, 11, 29);
+    for (const QString& db : {kA, kB}) {
+        EXPECT_EQ(m_stored.recordCount(db), 1);
+        EXPECT_EQ(m_stored.propCount(db, reference), 1) << db.toStdString();
+    }
+
+    ASSERT_TRUE(m_records.EnsureDay(kDay));
+    ASSERT_TRUE(m_records.EnsureDay(kDay));
+    EXPECT_EQ(m_stored.recordCount(kA), 2);
+    EXPECT_EQ(m_stored.recordCount(kB), 2);
+    EXPECT_EQ(m_stored.propCount(kA, kDay), 6);
+    EXPECT_EQ(m_stored.value(kA, kDay, 64, kFileTime).toLongLong(), StoredStrength::keyOf(kDay));
+    EXPECT_EQ(m_stored.value(kA, kDay, 102, kI2).toLongLong(), 7);
+    EXPECT_EQ(m_stored.value(kA, kDay, 103, kI2).toLongLong(), 41);
+    EXPECT_EQ(m_stored.value(kA, kDay, 104, kI2).toLongLong(), 0);
+    EXPECT_EQ(m_stored.value(kA, kDay, 105, kUI2).toLongLong(), 0);
+    EXPECT_EQ(m_stored.value(kA, kDay, 1132, kText).toString(), "<Click to add Notes>");
+    EXPECT_EQ(m_stored.propCount(kB, kDay), 1);
+    EXPECT_EQ(m_stored.value(kB, kDay, 64, kFileTime).toLongLong(), StoredStrength::keyOf(kDay));
+
+    const std::optional<StrengthDay> read = m_records.ReadDay(kDay);
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->header().start, QDateTime(kDay, QTime(7, 41)));
+    EXPECT_EQ(read->header().end, QDateTime(kDay, QTime(7, 41)));
+    EXPECT_EQ(read->header().notes, "<Click to add Notes>");
+    EXPECT_TRUE(read->sets().empty());
+    EXPECT_TRUE(m_boxes.texts().isEmpty());
+}
+
+TEST_F(StrengthRecordsTest, HeaderStoresTheSpanInEitherOrderAndWrapsAWholeDay) {
+    ASSERT_TRUE(m_records.LoadDay(kDay));
+    WorkoutHeader header;
+    header.start = QDateTime(kDay, QTime(10, 30));
+    header.end = QDateTime(kDay, QTime(9, 15));
+    header.elapsed = QTime(1, 15, 42);
+    header.completed = 1;
+    header.notes = "Felt strong";
+    ASSERT_TRUE(m_records.WriteHeader(kDay, header));
+    EXPECT_EQ(m_stored.value(kA, kDay, 102, kI2).toLongLong(), 10);
+    EXPECT_EQ(m_stored.value(kA, kDay, 103, kI2).toLongLong(), 30);
+    EXPECT_EQ(m_stored.value(kA, kDay, 104, kI2).toLongLong(), 75);
+    EXPECT_EQ(m_stored.value(kA, kDay, 105, kUI2).toLongLong(), 1);
+    EXPECT_EQ(m_stored.value(kA, kDay, 1133, kI2).toLongLong(), 42);
+    EXPECT_EQ(m_stored.value(kA, kDay, 1132, kText).toString(), "Felt strong");
+
+    const std::optional<StrengthDay> read = m_records.ReadDay(kDay);
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->header().start, QDateTime(kDay, QTime(10, 30)));
+    EXPECT_EQ(read->header().end, QDateTime(kDay, QTime(11, 45)));
+    EXPECT_EQ(read->header().elapsed, QTime(1, 15, 42));
+    EXPECT_EQ(read->header().completed, 1);
+
+    header.start = QDateTime(kDay, QTime(22, 0));
+    header.end = QDateTime(kDay.addDays(1), QTime(22, 0));
+    ASSERT_TRUE(m_records.WriteHeader(kDay, header));
+    EXPECT_EQ(m_stored.value(kA, kDay, 104, kI2).toLongLong(), 0);
+    EXPECT_EQ(WorkoutHeader::elapsedBetween(header.end, QDateTime(kDay, QTime(20, 35, 50))), QTime(1, 24, 0));
+    EXPECT_EQ(WorkoutHeader::endAfter(header.start, QTime(2, 30, 5)), QDateTime(kDay.addDays(1), QTime(0, 30, 5)));
+}
+
+TEST_F(StrengthRecordsTest, ListsRecordedSetsInNumberOrderWithTheGroupCounters) {
+    ASSERT_TRUE(m_records.LoadDay(kDay));
+    GroupSets shoulders;
+    shoulders.at(0) = set("", "10", 50, "2", 7); // no exercise: not a set
+    shoulders.at(1) = set("Side Raises", "12", 12.5, "1", 6);
+    ASSERT_TRUE(m_records.WriteGroup(kDay, upper(1), shoulders));
+    GroupSets back;
+    back.at(0) = set("One Arm Rows", "8", 30, "2", 8);
+    back.at(1) = set("Dumbbell Pullovers", "", 20, "", 5);
+    ASSERT_TRUE(m_records.WriteGroup(kDay, upper(2), back));
+    GroupSets misc;
+    misc.at(11) = set("Shrugs", "15", 40, "1", 4);
+    ASSERT_TRUE(m_records.WriteGroup(kDay, upper(5), misc));
+
+    const std::optional<StrengthDay> day = m_records.ReadDay(kDay);
+    ASSERT_TRUE(day);
+    ASSERT_EQ(day->sets().size(), 4u);
+    EXPECT_EQ(day->sets()[0].number, 211);
+    EXPECT_EQ(day->sets()[0].set.exercise, "Side Raises");
+    EXPECT_EQ(day->sets()[0].set.weightText(), "12.5");
+    EXPECT_EQ(day->sets()[1].number, 306);
+    EXPECT_EQ(day->sets()[2].set.weightText(), "20.0");
+    EXPECT_EQ(day->sets()[2].set.intensityText(), "5");
+    EXPECT_EQ(day->sets()[3].number, 661);
+    EXPECT_EQ(day->countsText(), "1=0,2=1,3=2,4=0,5=0,6=1");
+    EXPECT_EQ(day->groupOfRow(0), 1);
+    EXPECT_EQ(day->groupOfRow(1), 2);
+    EXPECT_EQ(day->groupOfRow(2), 2);
+    EXPECT_EQ(day->groupOfRow(3), 5);
+    EXPECT_EQ(day->groupOfRow(4), std::nullopt);
+}
+
+TEST_F(StrengthRecordsTest, SetsOnlyInTheBRecordAreListed) {
+    ASSERT_TRUE(m_records.LoadDay(kDay));
+    GroupSets biceps;
+    biceps.at(0) = set("Hammer Curls", "10", 15, "1", 5);
+    ASSERT_TRUE(m_records.WriteGroup(kDay, upper(4), biceps));
+    EXPECT_EQ(m_stored.propCount(kA, kDay, 106, 305), 0);
+    const std::optional<StrengthDay> day = m_records.ReadDay(kDay);
+    ASSERT_TRUE(day);
+    ASSERT_EQ(day->sets().size(), 1u);
+    EXPECT_EQ(day->sets()[0].number, 506);
+    EXPECT_EQ(day->groupOfRow(0), 4);
+}
+
+TEST_F(StrengthRecordsTest, WritesAllSixtyPropertiesOfAGroupAndClearsExactlyThem) {
+    ASSERT_TRUE(m_records.LoadDay(kDay));
+    GroupSets chest;
+    chest.at(0) = set("Dumbbell Flyes", "10", 25, "2", 6);
+    chest.at(2) = set("Barbell Bench Press", "8", 80, "3", 9);
+    ASSERT_TRUE(m_records.WriteGroup(kDay, upper(0), chest));
+    GroupSets shoulders;
+    shoulders.at(0) = set("Side Raises", "12", 10, "1", 5);
+    ASSERT_TRUE(m_records.WriteGroup(kDay, upper(1), shoulders));
+    EXPECT_EQ(m_stored.propCount(kA, kDay), 6 + 120);
+
+    // Row 3 cleared and saved again: its five properties stay, as blanks.
+    chest.clearRow(2);
+    ASSERT_TRUE(m_records.WriteGroup(kDay, upper(0), chest));
+    EXPECT_EQ(m_stored.propCount(kA, kDay, 106, 165), 60);
+    EXPECT_EQ(m_stored.value(kA, kDay, 116, kText).toString(), "");
+    EXPECT_EQ(m_stored.value(kA, kDay, 117, kText).toString(), "");
+    EXPECT_EQ(m_stored.typeOf(kA, kDay, 118, kR8), "real");
+    EXPECT_EQ(m_stored.value(kA, kDay, 118, kR8).toDouble(), 0.0);
+    EXPECT_EQ(m_stored.value(kA, kDay, 119, kText).toString(), "");
+    EXPECT_EQ(m_stored.value(kA, kDay, 120, kI2).toLongLong(), 0);
+    EXPECT_EQ(m_stored.value(kA, kDay, 108, kR8).toDouble(), 25.0);
+    EXPECT_EQ(m_stored.value(kA, kDay, 110, kI2).toLongLong(), 6);
+
+    ASSERT_TRUE(m_records.ClearGroup(kDay, upper(0)));
+    EXPECT_EQ(m_stored.propCount(kA, kDay), 6 + 60);
+    EXPECT_EQ(m_stored.propCount(kA, kDay, 206, 265), 60);
+    EXPECT_TRUE(m_boxes.texts().isEmpty());
+}
+
+TEST_F(StrengthRecordsTest, EachOperationOnAMissingDayShowsItsTextAndWritesNothing) {
+    ASSERT_TRUE(m_records.EnsureDatabases());
+    EXPECT_FALSE(m_records.ReadDay(kDay));
+    EXPECT_FALSE(m_records.WriteHeader(kDay, WorkoutHeader()));
+    EXPECT_FALSE(m_records.WriteGroup(kDay, upper(0), GroupSets()));
+    EXPECT_FALSE(m_records.WriteGroup(kDay, upper(3), GroupSets()));
+    EXPECT_FALSE(m_records.ClearGroup(kDay, upper(2)));
+    EXPECT_EQ(m_boxes.texts(), QStringList({"Error accessing database", "Database access error", "Record not found",
+                                            "Record not found", "Error accessing database"}));
+    EXPECT_EQ(m_stored.recordCount(kA), 1);
+    EXPECT_EQ(m_stored.recordCount(kB), 1);
+}
