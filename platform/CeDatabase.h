@@ -38,6 +38,14 @@ constexpr DWORD CEDB_SORT_DESCENDING = 0x00000001;
 constexpr DWORD CEDB_SORT_CASEINSENSITIVE = 0x00000002;
 constexpr DWORD CEDB_SORT_UNKNOWNFIRST = 0x00000004;
 
+// CEDBASEINFO::dwFlags: which members of the structure hold a value.
+constexpr DWORD CEDB_VALIDNAME = 0x0001;
+constexpr DWORD CEDB_VALIDTYPE = 0x0002;
+constexpr DWORD CEDB_VALIDSORTSPEC = 0x0004;
+constexpr DWORD CEDB_VALIDMODTIME = 0x0008;
+constexpr DWORD CEDB_VALIDDBFLAGS = 0x0010;
+constexpr DWORD CEDB_VALIDCREATE = CEDB_VALIDNAME | CEDB_VALIDTYPE | CEDB_VALIDSORTSPEC | CEDB_VALIDDBFLAGS;
+
 // CeOpenDatabaseEx flags.
 constexpr DWORD CEDB_AUTOINCREMENT = 0x00000001;
 
@@ -88,7 +96,8 @@ struct SORTORDERSPEC {
 };
 
 // What CeCreateDatabaseEx takes and CeOidGetInfoEx reports of a database.
-// A database has at most one sort order here (wNumSortOrder 0 or 1).
+// A database has at most one sort order here (wNumSortOrder 0 or 1), ascending, with the flags 0 or
+// CEDB_SORT_UNKNOWNFIRST (descending and case-insensitive sorts are refused).
 struct CEDBASEINFO {
     QString szDbaseName;
     DWORD dwDbaseType = 0;
@@ -96,6 +105,9 @@ struct CEDBASEINFO {
     DWORD dwNumRecords = 0; // the exact count (our addition: the device's WORD can overflow)
     WORD wNumSortOrder = 0;
     SORTORDERSPEC rgSortSpecs[CEDB_MAXSORTORDER];
+    // Which members hold a value. CeCreateDatabaseEx ignores it (name, type and sort order are
+    // always taken); CeOidGetInfoEx sets CEDB_VALIDNAME | CEDB_VALIDTYPE | CEDB_VALIDSORTSPEC.
+    DWORD dwFlags = 0;
 };
 
 constexpr WORD OBJTYPE_INVALID = 0;
@@ -134,7 +146,9 @@ BOOL CeFlushDBVol(const CEGUID* guid);
 CEOID CeCreateDatabaseEx(const CEGUID* guid, const CEDBASEINFO* info);
 // Opens a database by identifier (*oid != 0) or else by name, writing its identifier to *oid.
 // propid 0 orders by creation; otherwise propid must be the database's sort property
-// (ERROR_INVALID_PARAMETER if not). Nothing is current after opening.
+// (ERROR_INVALID_PARAMETER if not). A name that does not exist gives ERROR_FILE_NOT_FOUND.
+// As on the device, the seek pointer starts at the first record in the order: a read right after
+// opening reads it (so a CEDB_AUTOINCREMENT read loop needs no seek first).
 HANDLE CeOpenDatabaseEx(const CEGUID* guid, CEOID* oid, const QString& name, CEPROPID propid, DWORD flags,
                         void* notify = nullptr);
 // Deletes the database and all its records. Handles still open on it fail afterwards
@@ -152,13 +166,19 @@ BOOL CloseHandle(HANDLE handle);
 // --- Records ----------------------------------------------------------------------------------
 // Seeks by position (CEDB_SEEK_CEOID, _BEGINNING, _END, _CURRENT: value is an object id or a
 // record count, signed for _CURRENT and _END). Returns the record found and makes it current,
-// or 0 with nothing current. *index, when given, receives the record's position in the order.
+// or 0 with nothing current (ERROR_NO_MORE_ITEMS when no record is there).
+// *index, when given, receives the record's position in the order (0 = first).
 CEOID CeSeekDatabase(HANDLE db, DWORD seekType, DWORD value, DWORD* index = nullptr);
-// Seeks by the value of the sort property (CEDB_SEEK_VALUE*).
+// Seeks by the value of the sort property (CEDB_SEEK_VALUE*); value.propid must be the property
+// the database was opened with. VALUESMALLER finds the last record of the largest value below
+// value, VALUEFIRSTEQUAL the first equal one, VALUEGREATER the first whose value is greater than or
+// equal, VALUENEXTEQUAL the record after the current one when its value equals value.
 CEOID CeSeekDatabase(HANDLE db, DWORD seekType, const CEPROPVAL& value, DWORD* index = nullptr);
 // Reads every property of the current record into props, in ascending property-id order, and
 // returns the record's identifier; with CEDB_AUTOINCREMENT the next record becomes current.
-// With nothing current, returns 0 and ERROR_NO_MORE_ITEMS. flags is kept for fidelity.
+// With nothing current, returns 0 and ERROR_NO_MORE_ITEMS. A stored value that does not match its
+// property's type fails the read with ERROR_INVALID_DATA (the pointer stays). flags is kept for
+// fidelity.
 CEOID CeReadRecordProps(HANDLE db, DWORD flags, std::vector<CEPROPVAL>* props);
 // Writes props into record oid (0: a new record). An existing record keeps the properties not
 // named; a property flagged CEDB_PROPDELETE is removed. Happens whole or not at all.

@@ -64,6 +64,7 @@ constexpr WORD TypeFromPropID(CEPROPID id) { return LOWORD(id); }
 // Error codes, as GetLastError reports them.
 constexpr DWORD ERROR_SUCCESS = 0;
 constexpr DWORD ERROR_FILE_NOT_FOUND = 2;
+constexpr DWORD ERROR_PATH_NOT_FOUND = 3;
 constexpr DWORD ERROR_ACCESS_DENIED = 5;
 constexpr DWORD ERROR_INVALID_HANDLE = 6;
 constexpr DWORD ERROR_INVALID_DATA = 13;
@@ -81,6 +82,6 @@ constexpr DWORD ERROR_NO_MORE_ITEMS = 259;
 constexpr DWORD ERROR_KEY_DELETED = 1018;
 constexpr DWORD ERROR_BADDB = 1009;
 
-// The calling thread's last error, as the platform keeps it.
+// The calling thread's last error, as the platform keeps it (one value per thread).
 DWORD GetLastError();
 void SetLastError(DWORD code);

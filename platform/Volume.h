@@ -1,0 +1,76 @@
+#pragma once
+// One mounted database volume: a SQLite file in the format of docs/storage.md, with its one
+// connection kept open for the whole mount and the statements prepared on it cached here.
+// The handles opened on the volume are known to it, so that unmounting the volume or deleting a
+// database can make them invalid.
+
+#include "SqlStatement.h"
+#include "WinTypes.h"
+
+#include <QString>
+
+#include <memory>
+#include <unordered_map>
+#include <unordered_set>
+
+class VolumeHandle;
+
+class Volume {
+public:
+    enum class Role { ObjectStore, File };
+
+    // Mounts the file at path in a CeMountDBVol mode (CREATE_NEW ... OPEN_ALWAYS). On refusal
+    // returns nullptr with *error set; a file that is there but is not a volume is left untouched.
+    static std::unique_ptr<Volume> mount(const QString& path, DWORD mode, Role role, DWORD* error);
+    ~Volume();
+    Volume(const Volume&) = delete;
+    Volume& operator=(const Volume&) = delete;
+
+    // The file's canonical path.
+    const QString& path() const { return m_path; }
+    Role role() const { return m_role; }
+
+    // The statement for sql, prepared on first use and kept. sql must have static storage: its
+    // address is the cache key. nullptr when it cannot be prepared.
+    SqlStatement* statement(const char* sql);
+
+    // Runs work inside one write transaction: committed when work returns ERROR_SUCCESS, rolled
+    // back otherwise. Returns work's error or the commit's.
+    template <typename Work> DWORD transaction(Work&& work) {
+        DWORD error = begin();
+        if (error != ERROR_SUCCESS) {
+            return error;
+        }
+        error = work();
+        if (error == ERROR_SUCCESS) {
+            error = commit();
+        }
+        if (error != ERROR_SUCCESS) {
+            rollback();
+        }
+        return error;
+    }
+
+    // The number of rows the last INSERT, UPDATE or DELETE changed.
+    int changes() const { return sqlite3_changes(m_db); }
+
+    // A new object id, never given out before on this volume; call inside a transaction.
+    DWORD allocateObjectId(CEOID* oid);
+
+    void attach(VolumeHandle* handle);
+    void detach(VolumeHandle* handle);
+    // Makes every handle open on the database oid invalid (the database was deleted).
+    void invalidateDatabase(CEOID oid);
+
+private:
+    Volume(sqlite3* db, QString path, Role role);
+    DWORD begin();
+    DWORD commit();
+    void rollback();
+
+    sqlite3* m_db;
+    QString m_path;
+    Role m_role;
+    std::unordered_map<const char*, std::unique_ptr<SqlStatement>> m_statements;
+    std::unordered_set<VolumeHandle*> m_handles;
+};

@@ -1,0 +1,31 @@
+#pragma once
+// The file format of a database volume (docs/storage.md): creating it, recognising it, and
+// adding to an older or hand-made volume the tables and indexes that this code adds to the format.
+
+#include "WinTypes.h"
+
+#include <sqlite3.h>
+
+class VolumeFormat {
+public:
+    static constexpr int kApplicationId = 1263490625; // 'KOVA'
+    static constexpr int kUserVersion = 1;
+
+    enum class Kind {
+        Volume,     // a volume of this format that passed every check
+        Blank,      // a valid SQLite file that holds nothing yet (a volume whose creation never committed)
+        NotAVolume, // anything else
+    };
+    enum class Depth { Quick, Full };
+
+    // Settings every connection gets before it reads anything from a file.
+    static DWORD harden(sqlite3* db);
+    // Writes the schema into an empty file. withRegistry: the object store's registry tables.
+    static DWORD create(sqlite3* db, bool withRegistry);
+    // Recognises a file that exists, reading no record: the header, SQLite's own check (quick or
+    // full), the tables and columns, and the catalogue's rows.
+    static Kind inspect(sqlite3* db, Depth depth);
+    // The journal and durability settings of a mounted volume, and the tables and indexes that a
+    // hand-made volume may lack. withRegistry: the object store's registry tables.
+    static DWORD prepare(sqlite3* db, bool withRegistry);
+};
