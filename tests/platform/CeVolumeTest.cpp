@@ -1,0 +1,230 @@
+// Database volumes: the four mount modes, what survives an unmount, the files that are refused,
+// and a volume made with plain SQL by someone else.
+
+#include "CeDatabase.h"
+#include "SqlReader.h"
+#include "TestDevice.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <sqlite3.h>
+
+namespace {
+// The volume format, written out by hand as anyone with the sqlite3 shell would.
+const char* const kHandMadeVolume = R"sql(
+PRAGMA application_id = 1263490625;
+PRAGMA user_version = 1;
+CREATE TABLE databases (oid INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, type INTEGER NOT NULL,
+                        sort_propid INTEGER, sort_flags INTEGER NOT NULL DEFAULT 0) STRICT;
+CREATE TABLE records (oid INTEGER PRIMARY KEY, db INTEGER NOT NULL REFERENCES databases(oid) ON DELETE CASCADE,
+                      sort_key ANY) STRICT;
+CREATE INDEX records_in_order ON records(db, sort_key, oid);
+CREATE TABLE props (record INTEGER NOT NULL REFERENCES records(oid) ON DELETE CASCADE, propid INTEGER NOT NULL,
+                    value ANY, PRIMARY KEY (record, propid)) STRICT, WITHOUT ROWID;
+INSERT INTO databases VALUES (7, 'BkFood', 0, 4194368, 0);
+INSERT INTO records VALUES (100, 7, 2000), (101, 7, 1000), (102, 7, NULL);
+INSERT INTO props VALUES (100, 4194368, 2000), (100, 65567, 'two'),
+                         (101, 4194368, 1000), (101, 65567, 'one'), (101, 131075, 'not a number'),
+                         (102, 131077, 2.5);
+)sql";
+
+void runSql(const QString& path, const char* sql) {
+    sqlite3* db = nullptr;
+    ASSERT_EQ(sqlite3_open(QFile::encodeName(path).constData(), &db), SQLITE_OK);
+    char* message = nullptr;
+    EXPECT_EQ(sqlite3_exec(db, sql, nullptr, nullptr, &message), SQLITE_OK) << (message ? message : "");
+    sqlite3_free(message);
+    sqlite3_close(db);
+}
+
+void writeFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write(bytes);
+}
+
+QByteArray readFile(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+class CeVolumeTest : public ::testing::Test {
+protected:
+    QString file(const QString& name) const { return m_device.paths().myDocuments() + '/' + name; }
+
+    // Mounts path, or reports the mount's last error as a failure of the test.
+    CEGUID mount(const QString& path, DWORD mode) {
+        CEGUID guid;
+        EXPECT_TRUE(CeMountDBVol(&guid, path, mode)) << "last error " << GetLastError();
+        return guid;
+    }
+
+    static DWORD mountError(const QString& path, DWORD mode) {
+        CEGUID guid;
+        if (CeMountDBVol(&guid, path, mode)) {
+            CeUnmountDBVol(&guid);
+            return ERROR_SUCCESS;
+        }
+        return GetLastError();
+    }
+
+    static bool hasDatabase(const CEGUID& guid, const QString& name) {
+        CEOID oid = 0;
+        HANDLE db = CeOpenDatabaseEx(&guid, &oid, name, 0, 0);
+        return db != INVALID_HANDLE_VALUE && CloseHandle(db);
+    }
+
+    static CEOID createCopy(const CEGUID& guid, const QString& name) {
+        CEDBASEINFO info;
+        info.szDbaseName = name;
+        info.wNumSortOrder = 1;
+        info.rgSortSpecs[0].propid = PROP_TAG(CEVT_FILETIME, 0);
+        return CeCreateDatabaseEx(&guid, &info);
+    }
+
+    TestDevice m_device;
+};
+} // namespace
+
+TEST_F(CeVolumeTest, MountModesCreateOpenAndReplaceAsAsked) {
+    const QString path = file("Ann.kov");
+    EXPECT_EQ(mountError(path, OPEN_EXISTING), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(mountError(path, 5), 87u);
+
+    CEGUID guid = mount(path, CREATE_NEW);
+    EXPECT_NE(createCopy(guid, "BkFood"), 0u);
+    EXPECT_TRUE(CeUnmountDBVol(&guid));
+    EXPECT_EQ(mountError(path, CREATE_NEW), 183u); // ERROR_ALREADY_EXISTS
+
+    for (DWORD keeps : {OPEN_EXISTING, OPEN_ALWAYS}) {
+        guid = mount(path, keeps);
+        EXPECT_TRUE(hasDatabase(guid, "BkFood")) << keeps;
+        EXPECT_TRUE(CeUnmountDBVol(&guid));
+    }
+    guid = mount(path, CREATE_ALWAYS);
+    EXPECT_FALSE(hasDatabase(guid, "BkFood"));
+    EXPECT_TRUE(CeUnmountDBVol(&guid));
+
+    const QString other = file("Bob.kov");
+    guid = mount(other, OPEN_ALWAYS);
+    // One file, one mount: neither it nor the object store can be mounted a second time.
+    EXPECT_EQ(mountError(other, OPEN_EXISTING), ERROR_SHARING_VIOLATION);
+    EXPECT_EQ(mountError(m_device.paths().objectStore(), OPEN_EXISTING), ERROR_SHARING_VIOLATION);
+    EXPECT_TRUE(CeUnmountDBVol(&guid));
+    EXPECT_FALSE(CeUnmountDBVol(&guid));
+    EXPECT_EQ(GetLastError(), 87u);
+
+    SqlReader sql(other);
+    EXPECT_EQ(sql.value("PRAGMA application_id").toLongLong(), 1263490625);
+    EXPECT_EQ(sql.value("PRAGMA user_version").toLongLong(), 1);
+    EXPECT_EQ(sql.value("PRAGMA journal_mode").toString(), "wal");
+    EXPECT_EQ(sql.value("SELECT count(*) FROM sqlite_schema WHERE name = 'registry'").toLongLong(), 0);
+}
+
+TEST_F(CeVolumeTest, RecordsSurviveUnmountWhileHandlesOnTheVolumeDie) {
+    const QString path = file("Default.kov");
+    CEGUID guid = mount(path, CREATE_ALWAYS);
+    CEOID dbOid = createCopy(guid, "BkUpperA");
+    HANDLE db = CeOpenDatabaseEx(&guid, &dbOid, QString(), PROP_TAG(CEVT_FILETIME, 0), CEDB_AUTOINCREMENT);
+    CEPROPVAL note;
+    note.propid = PROP_TAG(CEVT_LPWSTR, 1132);
+    note.val.lpwstr = "kept";
+    const CEOID written = CeWriteRecordProps(db, 0, {note});
+    ASSERT_NE(written, 0u);
+    ASSERT_TRUE(CeUnmountDBVol(&guid));
+
+    std::vector<CEPROPVAL> props;
+    EXPECT_EQ(CeReadRecordProps(db, 0, &props), 0u);
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
+    EXPECT_TRUE(CloseHandle(db));
+
+    const CEGUID again = mount(path, OPEN_EXISTING);
+    EXPECT_NE(again, guid);
+    CEOID byName = 0;
+    db = CeOpenDatabaseEx(&again, &byName, "BkUpperA", 0, CEDB_AUTOINCREMENT);
+    EXPECT_EQ(byName, dbOid);
+    EXPECT_EQ(CeReadRecordProps(db, 0, &props), written);
+    ASSERT_EQ(props.size(), 1u);
+    EXPECT_EQ(props[0].val.lpwstr, "kept");
+    CloseHandle(db);
+    CeUnmountDBVol(&again);
+}
+
+TEST_F(CeVolumeTest, FilesThatAreNotVolumesAreRefusedAndLeftAlone) {
+    QByteArray noise(8192, '\0');
+    for (int i = 0; i < noise.size(); ++i) {
+        noise[i] = static_cast<char>((i * 7919) % 251);
+    }
+    const QString random = file("random.kov");
+    writeFile(random, noise);
+    const QString otherApp = file("other.kov");
+    runSql(otherApp, "PRAGMA application_id = 42; CREATE TABLE databases (oid INTEGER PRIMARY KEY);");
+    const QString noProps = file("noprops.kov");
+    runSql(noProps, "PRAGMA application_id = 1263490625; PRAGMA user_version = 1;"
+                    "CREATE TABLE databases (oid INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE,"
+                    " type INTEGER NOT NULL, sort_propid INTEGER, sort_flags INTEGER NOT NULL DEFAULT 0) STRICT;"
+                    "CREATE TABLE records (oid INTEGER PRIMARY KEY, db INTEGER NOT NULL, sort_key ANY) STRICT;");
+    // A real volume with a page of its catalogue overwritten.
+    const QString damaged = file("damaged.kov");
+    CEGUID guid = mount(damaged, CREATE_NEW);
+    for (int i = 0; i < 40; ++i) {
+        createCopy(guid, QStringLiteral("Copy%1").arg(i));
+    }
+    CeUnmountDBVol(&guid);
+    QByteArray pages = readFile(damaged);
+    ASSERT_GT(pages.size(), 3 * 4096);
+    pages.replace(3 * 4096 - 200, 150, QByteArray(150, '\x5A')); // the name index's cells
+    writeFile(damaged, pages);
+
+    for (const QString& path : {random, otherApp, noProps, damaged}) {
+        const QByteArray before = readFile(path);
+        EXPECT_EQ(mountError(path, OPEN_EXISTING), ERROR_BADDB) << path.toStdString();
+        EXPECT_EQ(mountError(path, OPEN_ALWAYS), ERROR_BADDB) << path.toStdString();
+        EXPECT_EQ(readFile(path), before) << path.toStdString();
+    }
+    // Replacing is what CREATE_ALWAYS is for.
+    EXPECT_EQ(mountError(random, CREATE_ALWAYS), ERROR_SUCCESS);
+    EXPECT_EQ(mountError(random, OPEN_EXISTING), ERROR_SUCCESS);
+
+    // A file of no bytes is a volume never written: new for OPEN_ALWAYS, refused for OPEN_EXISTING.
+    const QString empty = file("empty.kov");
+    writeFile(empty, QByteArray());
+    EXPECT_EQ(mountError(empty, OPEN_EXISTING), ERROR_BADDB);
+    guid = mount(empty, OPEN_ALWAYS);
+    EXPECT_NE(createCopy(guid, "BkFood"), 0u);
+    CeUnmountDBVol(&guid);
+}
+
+TEST_F(CeVolumeTest, AVolumeMadeWithPlainSqlIsReadAsWritten) {
+    const QString path = file("hand.kov");
+    runSql(path, kHandMadeVolume);
+    const CEGUID guid = mount(path, OPEN_EXISTING);
+    CEOID oid = 0;
+    HANDLE db = CeOpenDatabaseEx(&guid, &oid, "BkFood", PROP_TAG(CEVT_FILETIME, 64), CEDB_AUTOINCREMENT);
+    ASSERT_NE(db, INVALID_HANDLE_VALUE);
+    EXPECT_EQ(oid, 7u);
+
+    // 1000 comes first, but its record holds a text where an I4 belongs: that read fails and the
+    // pointer stays; the next record reads as written.
+    std::vector<CEPROPVAL> props;
+    EXPECT_EQ(CeReadRecordProps(db, 0, &props), 0u);
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_DATA);
+    ASSERT_EQ(CeSeekDatabase(db, CEDB_SEEK_CURRENT, 1), 100u);
+    ASSERT_EQ(CeReadRecordProps(db, 0, &props), 100u);
+    ASSERT_EQ(props.size(), 2u);
+    EXPECT_EQ(props[0].val.lpwstr, "two");
+    EXPECT_EQ(fileTimeTicks(props[1].val.filetime), 2000u);
+    ASSERT_EQ(CeReadRecordProps(db, 0, &props), 102u); // no day key: after the others
+    ASSERT_EQ(props.size(), 1u);
+    EXPECT_EQ(props[0].val.dblVal, 2.5);
+    EXPECT_EQ(CeReadRecordProps(db, 0, &props), 0u);
+    EXPECT_EQ(GetLastError(), 259u);
+
+    // New objects never take an id the file already uses.
+    const CEOID added = CeWriteRecordProps(db, 0, {});
+    EXPECT_GT(added, 102u);
+    CloseHandle(db);
+    CeUnmountDBVol(&guid);
+}

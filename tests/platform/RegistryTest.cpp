@@ -1,0 +1,158 @@
+// The registry in the object store: absent keys and values, the two value types as they are
+// stored, lookups without regard to case, small buffers, and deleting keys.
+
+#include "Registry.h"
+#include "SqlReader.h"
+#include "TestDevice.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+
+namespace {
+const QString kKey = QStringLiteral("Software\\Orn\\Kovalin");
+const QString kStoredKey = QStringLiteral("HKEY_CURRENT_USER\\Software\\Orn\\Kovalin");
+
+// UTF-16LE with the terminating zero, as a caller of RegSetValueExW passes a string.
+QByteArray utf16(const QString& text) {
+    QByteArray bytes;
+    for (QChar c : text + QChar(0)) {
+        bytes.append(static_cast<char>(c.unicode() & 0xFF));
+        bytes.append(static_cast<char>(c.unicode() >> 8));
+    }
+    return bytes;
+}
+
+class RegistryTest : public ::testing::Test {
+protected:
+    HKEY createKey(const QString& path, DWORD* disposition = nullptr) {
+        HKEY key = nullptr;
+        EXPECT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, path, &key, disposition), ERROR_SUCCESS);
+        return key;
+    }
+
+    static LONG setDword(HKEY key, const QString& name, DWORD value) {
+        return RegSetValueExW(key, name, REG_DWORD, reinterpret_cast<const BYTE*>(&value), 4);
+    }
+
+    static LONG setString(HKEY key, const QString& name, const QString& text) {
+        const QByteArray bytes = utf16(text);
+        return RegSetValueExW(key, name, REG_SZ, reinterpret_cast<const BYTE*>(bytes.constData()),
+                              static_cast<DWORD>(bytes.size()));
+    }
+
+    TestDevice m_device;
+};
+} // namespace
+
+TEST_F(RegistryTest, AbsentKeysAndValuesAreNotFound) {
+    HKEY key = nullptr;
+    EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, kKey, &key), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
+
+    DWORD disposition = 0;
+    key = createKey(kKey, &disposition);
+    EXPECT_EQ(disposition, REG_CREATED_NEW_KEY);
+    DWORD type = 0;
+    DWORD size = 4;
+    BYTE data[4];
+    EXPECT_EQ(RegQueryValueExW(key, "PullWt", &type, data, &size), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(RegDeleteValueW(key, "PullWt"), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
+    EXPECT_EQ(RegCloseKey(key), ERROR_INVALID_HANDLE);
+
+    // A key without values exists too, and so do the keys above it.
+    for (const QString& existing : {kKey, QStringLiteral("Software\\Orn")}) {
+        ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, existing, &key), ERROR_SUCCESS);
+        RegCloseKey(key);
+    }
+    EXPECT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, kKey, &key), ERROR_FILE_NOT_FOUND);
+}
+
+TEST_F(RegistryTest, DwordsAndStringsAreStoredAsIntegerAndTextAndReadBackAsBytes) {
+    HKEY key = createKey(kKey);
+    ASSERT_EQ(setDword(key, "PullWt", 0x01020304), ERROR_SUCCESS);
+    ASSERT_EQ(setString(key, "LastUser", "Ann"), ERROR_SUCCESS);
+    ASSERT_EQ(setDword(key, "PullWt", 0xFFFFFFFF), ERROR_SUCCESS);
+
+    SqlReader sql(m_device.paths().objectStore());
+    const QString where = " FROM registry WHERE key = ? AND name = ?";
+    EXPECT_EQ(sql.value("SELECT type" + where, {kStoredKey, "PullWt"}).toLongLong(), 4);
+    EXPECT_EQ(sql.value("SELECT value" + where, {kStoredKey, "PullWt"}).toLongLong(), 4294967295);
+    EXPECT_EQ(sql.typeOf("SELECT value" + where, {kStoredKey, "PullWt"}), "integer");
+    EXPECT_EQ(sql.value("SELECT type" + where, {kStoredKey, "LastUser"}).toLongLong(), 1);
+    EXPECT_EQ(sql.value("SELECT value" + where, {kStoredKey, "LastUser"}).toString(), "Ann");
+    EXPECT_EQ(sql.value("SELECT count(*) FROM registry").toLongLong(), 2);
+
+    DWORD type = 0;
+    std::array<BYTE, 16> data{};
+    DWORD size = data.size();
+    ASSERT_EQ(RegQueryValueExW(key, "LastUser", &type, data.data(), &size), ERROR_SUCCESS);
+    EXPECT_EQ(type, REG_SZ);
+    EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(data.data()), size), utf16("Ann"));
+    size = data.size();
+    ASSERT_EQ(RegQueryValueExW(key, "PullWt", &type, data.data(), &size), ERROR_SUCCESS);
+    EXPECT_EQ(type, REG_DWORD);
+    EXPECT_EQ(size, 4u);
+    EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(data.data()), 4), QByteArray("\xFF\xFF\xFF\xFF"));
+    EXPECT_EQ(RegSetValueExW(key, "Odd", REG_DWORD, data.data(), 2), ERROR_INVALID_PARAMETER);
+    RegCloseKey(key);
+}
+
+TEST_F(RegistryTest, KeysAndNamesMatchWithoutRegardToCaseAndKeepTheirFirstSpelling) {
+    HKEY key = createKey(kKey);
+    setString(key, "LastUser", "Ann");
+    RegCloseKey(key);
+
+    DWORD disposition = 0;
+    HKEY other = createKey("SOFTWARE\\orn\\KOVALIN", &disposition);
+    EXPECT_EQ(disposition, REG_OPENED_EXISTING_KEY);
+    ASSERT_EQ(setString(other, "lastuser", "Bob"), ERROR_SUCCESS);
+    HKEY accented = createKey(QString::fromUtf8("Software\\Orn\\Kovalin\\Übung"));
+    RegCloseKey(accented);
+    ASSERT_EQ(RegOpenKeyExW(other, QString::fromUtf8("ÜBUNG"), &accented), ERROR_SUCCESS);
+    RegCloseKey(accented);
+
+    SqlReader sql(m_device.paths().objectStore());
+    EXPECT_EQ(sql.value("SELECT count(*) FROM registry").toLongLong(), 1);
+    EXPECT_EQ(sql.value("SELECT key || '|' || name || '|' || value FROM registry").toString(),
+              kStoredKey + "|LastUser|Bob");
+    EXPECT_EQ(sql.value("SELECT key FROM registry_keys WHERE key LIKE '%bung'").toString(),
+              QString::fromUtf8("HKEY_CURRENT_USER\\Software\\Orn\\Kovalin\\Übung"));
+    RegCloseKey(other);
+}
+
+TEST_F(RegistryTest, ATooSmallBufferGetsMoreDataAndTheSizeNeeded) {
+    HKEY key = createKey(kKey);
+    setString(key, "LastUser", "Default");
+    DWORD type = 0;
+    std::array<BYTE, 10> data{};
+    DWORD size = data.size();
+    EXPECT_EQ(RegQueryValueExW(key, "LastUser", &type, data.data(), &size), ERROR_MORE_DATA);
+    EXPECT_EQ(GetLastError(), ERROR_MORE_DATA);
+    EXPECT_EQ(size, 16u);
+    EXPECT_EQ(type, REG_SZ);
+    size = 0;
+    EXPECT_EQ(RegQueryValueExW(key, "LastUser", nullptr, nullptr, &size), ERROR_SUCCESS);
+    EXPECT_EQ(size, 16u);
+    RegCloseKey(key);
+}
+
+TEST_F(RegistryTest, DeletingAKeyTakesItsValuesAndLeavesOpenHandlesDeleted) {
+    HKEY parent = createKey("Software\\Orn");
+    HKEY key = createKey(kKey);
+    setDword(key, "AsOne", 1);
+    EXPECT_EQ(RegDeleteKeyW(HKEY_CURRENT_USER, "Software"), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(RegDeleteKeyW(parent, "kovalin"), ERROR_SUCCESS);
+    EXPECT_EQ(RegDeleteKeyW(parent, "Kovalin"), ERROR_FILE_NOT_FOUND);
+
+    SqlReader sql(m_device.paths().objectStore());
+    EXPECT_EQ(sql.value("SELECT count(*) FROM registry").toLongLong(), 0);
+    DWORD size = 0;
+    EXPECT_EQ(RegQueryValueExW(key, "AsOne", nullptr, nullptr, &size), ERROR_KEY_DELETED);
+    EXPECT_EQ(setDword(key, "AsOne", 1), ERROR_KEY_DELETED);
+    EXPECT_EQ(GetLastError(), ERROR_KEY_DELETED);
+    RegCloseKey(key);
+    RegCloseKey(parent);
+}
