@@ -1,0 +1,25 @@
+#pragma once
+// The application object: the program's name, the dialog colours of the whole application, and the
+// device screen with the main dialog, run until the main dialog ends.
+
+#include "DeviceScreen.h"
+#include "ShellPageFactory.h"
+
+#include <QString>
+
+class KovalinApp {
+public:
+    static QString name() { return QStringLiteral("Kovalin"); }
+    // White control background, black text, for every window of the application.
+    static void setDialogColours();
+
+    KovalinApp();
+
+    DeviceScreen& screen() { return m_screen; }
+    // Shows the screen, starts the main dialog and runs until it ends; the process's exit code.
+    int run();
+
+private:
+    ShellPageFactory m_factory;
+    DeviceScreen m_screen;
+};

@@ -1,0 +1,24 @@
+#include "MenuResource.h"
+
+#include "resource.h"
+
+QString MenuResource::title(int menuId) {
+    return menuId == IDR_MENUBAR ? QStringLiteral("Menu") : QString();
+}
+
+std::vector<MenuItem> MenuResource::items(int menuId) {
+    if (menuId != IDR_MENUBAR) {
+        return {};
+    }
+    return {
+        {ID_MENU_GOALS, QStringLiteral("Goals")},
+        {ID_MENU_ABOUT, QStringLiteral("About")},
+        {ID_MENU_PHOTO, QStringLiteral("View Photo")},
+        {ID_MENU_OPTIONS, QStringLiteral("Options")},
+        {ID_MENU_UTILITIES, QStringLiteral("Utilities")},
+        {ID_MENU_SWITCHUSER, QStringLiteral("Switch User")},
+        {ID_MENU_MANAGEUSERS, QStringLiteral("Manage Users")},
+        {ID_MENU_HELP, QStringLiteral("Help")},
+        {ID_MENU_EXIT, QStringLiteral("Exit")},
+    };
+}

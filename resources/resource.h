@@ -1,0 +1,125 @@
+#pragma once
+// The program's resource ids: dialogs, controls, menus and commands, tool bars, bitmaps, icons and
+// strings. Every control with an id carries it as its objectName ("c1000"); every menu or tool-bar
+// command is a QAction named "cmd<id>" ("cmd32835").
+//
+// The program's own furniture that has no number of its own elsewhere (the progress box's and the
+// confirmation dialog's controls, the goals, about and photo dialogs, two bitmaps) takes its ids
+// from the ranges 270-289 and 1300-1399, which nothing else uses.
+
+// --- Dialogs ----------------------------------------------------------------------------------
+constexpr int IDD_KOVALIN_DIALOG = 102; // the main dialog: the tab control and nothing else
+constexpr int IDD_UPPERBODY = 132;
+constexpr int IDD_TODAY = 133;
+constexpr int IDD_LOWERBODY = 135;
+constexpr int IDD_AEROBIC = 136;
+constexpr int IDD_FOOD = 137;
+constexpr int IDD_REPORTS = 138;
+constexpr int IDD_SETGRID = 143;
+constexpr int IDD_CALENDAR = 182;
+constexpr int IDD_OPTIONS = 194;
+constexpr int IDD_CONFIRM = 215;
+constexpr int IDD_STARTUP = 231;
+constexpr int IDD_SELECTUSER = 233;
+constexpr int IDD_GOALS = 270;
+constexpr int IDD_ABOUTBOX = 271;
+constexpr int IDD_PHOTO = 272;
+
+// --- Icons, menus and tool bars ---------------------------------------------------------------
+constexpr int IDR_MAINFRAME = 128; // the program's icon, large and small
+constexpr int IDR_MENUBAR = 129;   // the command bar's menu bar: "Menu"
+constexpr int IDR_UPPERBODY_TOOLBAR = 151;
+constexpr int IDR_LOWERBODY_TOOLBAR = 157;
+constexpr int IDR_FOOD_TOOLBAR = 162;
+constexpr int IDR_TODAY_TOOLBAR = 178;
+constexpr int RT_TOOLBAR = 241; // the resource type tool bars are kept as
+
+// --- Bitmaps ----------------------------------------------------------------------------------
+// The seven tab images (15 pixels wide, masked on pure green).
+constexpr int IDB_TODAY = 145;
+constexpr int IDB_AEROBIC = 146;
+constexpr int IDB_REPORTS = 147;
+constexpr int IDB_LOWERBODY = 148;
+constexpr int IDB_FOOD = 149;
+constexpr int IDB_UPPERBODY = 150;
+constexpr int IDB_CALENDAR = 181;
+// A tool bar's button images are the bitmap with the tool bar's own id, 16 pixels per button.
+constexpr int IDB_UPPERBODY_TOOLBAR = IDR_UPPERBODY_TOOLBAR;
+constexpr int IDB_LOWERBODY_TOOLBAR = IDR_LOWERBODY_TOOLBAR;
+constexpr int IDB_FOOD_TOOLBAR = IDR_FOOD_TOOLBAR;
+constexpr int IDB_TODAY_TOOLBAR = IDR_TODAY_TOOLBAR;
+constexpr int IDB_STARTUP = 280;    // the picture of the start-up progress box
+constexpr int IDB_INPUTPANEL = 281; // the input-panel button of the command bar
+
+// --- Controls ---------------------------------------------------------------------------------
+constexpr int IDC_TAB = 1000; // the main dialog's tab row
+
+// Options dialog.
+constexpr int IDC_PULLWT = 1037;
+constexpr int IDC_CKDATE = 1123;
+constexpr int IDC_FILLIN = 1124;
+constexpr int IDC_SHOWBOX = 1125;
+constexpr int IDC_PULLLAST = 1126;
+constexpr int IDC_ASONE = 1127;
+
+// Select-user dialog.
+constexpr int IDC_USERLIST = 1028;
+
+// Start-up progress box.
+constexpr int IDC_STARTUP_PICTURE = 1300;
+constexpr int IDC_STARTUP_TEXT = 1301;
+constexpr int IDC_STARTUP_PROGRESS = 1302;
+
+// Confirmation dialog.
+constexpr int IDC_CONFIRM_TEXT = 1310;
+constexpr int IDC_CONFIRM_YESLABEL = 1311;
+constexpr int IDC_CONFIRM_YES = 1312;
+constexpr int IDC_CONFIRM_DONTSHOW = 1313;
+
+// Goals, about and photo dialogs.
+constexpr int IDC_GOALS_TEXT = 1320;
+constexpr int IDC_ABOUT_ICON = 1321;
+constexpr int IDC_ABOUT_NAME = 1322;
+constexpr int IDC_ABOUT_VERSION = 1323;
+constexpr int IDC_PHOTO = 1324;
+
+// --- Commands ---------------------------------------------------------------------------------
+// Menu 129.
+constexpr int ID_MENU_GOALS = 32829;
+constexpr int ID_MENU_ABOUT = 32831;
+constexpr int ID_MENU_PHOTO = 32834;
+constexpr int ID_MENU_OPTIONS = 32835;
+constexpr int ID_MENU_UTILITIES = 32836;
+constexpr int ID_MENU_SWITCHUSER = 32863;
+constexpr int ID_MENU_MANAGEUSERS = 32862;
+constexpr int ID_MENU_HELP = 32861;
+constexpr int ID_MENU_EXIT = 32833;
+
+// Today tool bar (178).
+constexpr int ID_TODAY_REFRESH = 32832;
+
+// Upper-body tool bar (151): the muscle groups, in menu order.
+constexpr int ID_UPPER_CHEST = 32793;
+constexpr int ID_UPPER_SHOULDERS = 32794;
+constexpr int ID_UPPER_BACK = 32795;
+constexpr int ID_UPPER_TRICEPS = 32796;
+constexpr int ID_UPPER_BICEPS = 32797;
+constexpr int ID_UPPER_MISC = 32837;
+
+// Lower-body tool bar (157): the muscle groups, in menu order.
+constexpr int ID_LOWER_QUADS = 32816;
+constexpr int ID_LOWER_HAMSTRINGS = 32817;
+constexpr int ID_LOWER_CALVES = 32819;
+constexpr int ID_LOWER_ABS = 32820;
+constexpr int ID_LOWER_MISC1 = 32838;
+constexpr int ID_LOWER_MISC2 = 32839;
+
+// Food tool bar (162).
+constexpr int ID_FOOD_ADDMEAL = 32828;
+
+// Commands the main window receives and ignores.
+constexpr int ID_IGNORED_32774 = 32774;
+constexpr int ID_IGNORED_32847 = 32847;
+
+// --- Strings ----------------------------------------------------------------------------------
+constexpr int IDS_RELEASENOTES = 32853;
