@@ -74,8 +74,9 @@ bool BulkRecordWriter::open() {
     sqlite3_stmt* check = nullptr;
     if (!prepare(&check, "SELECT (SELECT application_id FROM pragma_application_id), "
                          "(SELECT user_version FROM pragma_user_version), "
-                         "(SELECT max(coalesce((SELECT max(oid) FROM records), 0), "
-                         "coalesce((SELECT max(oid) FROM databases), 0)))")) {
+                         "(SELECT max(ifnull((SELECT max(oid) FROM records), 0), "
+                         "ifnull((SELECT max(oid) FROM databases), 0), "
+                         "ifnull((SELECT value FROM meta WHERE name = 'last_oid' AND typeof(value) = 'integer'), 0)))")) {
         return false;
     }
     const bool isVolume = sqlite3_step(check) == SQLITE_ROW && sqlite3_column_int(check, 0) == kApplicationId &&
@@ -92,7 +93,9 @@ bool BulkRecordWriter::open() {
            exec("PRAGMA cache_size = -131072") &&
            prepare(&m_insertRecord, "INSERT INTO records(oid, db, sort_key) VALUES (?1, ?2, ?3)") &&
            prepare(&m_insertProp, "INSERT INTO props(record, propid, value) VALUES (?1, ?2, ?3)") &&
-           prepare(&m_findDatabase, "SELECT oid FROM databases WHERE name = ?1");
+           prepare(&m_findDatabase, "SELECT oid FROM databases WHERE name = ?1") &&
+           prepare(&m_rememberOid, "INSERT INTO meta(name, value) VALUES ('last_oid', ?1) "
+                                   "ON CONFLICT(name) DO UPDATE SET value = excluded.value");
 }
 
 CEOID BulkRecordWriter::databaseId(const QString& name) {
@@ -113,6 +116,11 @@ bool BulkRecordWriter::begin() {
 }
 
 bool BulkRecordWriter::commit() {
+    // The volume remembers the highest object id given out, so that none is ever given twice.
+    sqlite3_bind_int64(m_rememberOid, 1, m_nextOid - 1);
+    if (!step(m_rememberOid)) {
+        return false;
+    }
     m_inTransaction = false;
     return exec("COMMIT");
 }
@@ -144,7 +152,8 @@ void BulkRecordWriter::finalize() {
     sqlite3_finalize(m_insertRecord);
     sqlite3_finalize(m_insertProp);
     sqlite3_finalize(m_findDatabase);
-    m_insertRecord = m_insertProp = m_findDatabase = nullptr;
+    sqlite3_finalize(m_rememberOid);
+    m_insertRecord = m_insertProp = m_findDatabase = m_rememberOid = nullptr;
 }
 
 bool BulkRecordWriter::close() {

@@ -43,6 +43,7 @@ private:
     sqlite3_stmt* m_insertRecord = nullptr;
     sqlite3_stmt* m_insertProp = nullptr;
     sqlite3_stmt* m_findDatabase = nullptr;
+    sqlite3_stmt* m_rememberOid = nullptr;
     bool m_inTransaction = false;
     CEOID m_nextOid = 0;
 };

@@ -67,7 +67,7 @@ void SampleRecords::appendGroup(DbRecord& record, bool upper, int group, SeededR
         const int exercise = set / kSetsPerExercise;
         const WORD base = StrengthLayout::setBase(group, set);
         // Each exercise has its own working weight, in steps of 2.5.
-        const int baseSteps = 8 + 4 * ((group * 4 + exercise) % 9);
+        const int baseSteps = 12 + 6 * ((group * 4 + exercise) % 9);
         const double weight = 2.5 * (baseSteps + random.between(-2, 4));
         record.append(DbProp::text(base + StrengthLayout::kExerciseOffset, exercises.at(exercise)));
         record.append(DbProp::text(base + StrengthLayout::kRepsOffset, numbers.at(random.between(6, 15))));

@@ -3,6 +3,7 @@
 #include "DevicePaths.h"
 
 #include <QElapsedTimer>
+#include <QFileInfo>
 
 #include <cstdio>
 
@@ -13,9 +14,9 @@ constexpr int kUsers = 3;
 constexpr int kYears = 10;
 } // namespace
 
-BenchDevice::BenchDevice() {
+BenchDevice::BenchDevice() : m_reused(qEnvironmentVariable("KOVALIN_BENCH_DEVICE")) {
     DeviceGenerator::Options options;
-    options.device = m_folder.path() + QStringLiteral("/device");
+    options.device = deviceFolder();
     options.users = kUsers;
     options.years = kYears;
     options.end = kLastDay;
@@ -28,8 +29,12 @@ BenchDevice::~BenchDevice() {
     }
 }
 
+QString BenchDevice::deviceFolder() const {
+    return m_reused.isEmpty() ? m_folder.path() + QStringLiteral("/device") : m_reused;
+}
+
 QString BenchDevice::objectStorePath() const {
-    return DevicePaths(m_folder.path() + QStringLiteral("/device")).objectStore();
+    return DevicePaths(deviceFolder()).objectStore();
 }
 
 QStringList BenchDevice::logNames() const {
@@ -43,9 +48,13 @@ QStringList BenchDevice::logNames() const {
 }
 
 bool BenchDevice::create() {
-    if (!m_folder.isValid()) {
+    if (m_reused.isEmpty() && !m_folder.isValid()) {
         m_error = QStringLiteral("Cannot create a temporary folder.");
         return false;
+    }
+    if (!m_reused.isEmpty() && QFileInfo::exists(objectStorePath())) {
+        std::printf("reusing the device %s\n", qPrintable(m_reused));
+        return mount();
     }
     QElapsedTimer timer;
     timer.start();
@@ -56,6 +65,10 @@ bool BenchDevice::create() {
     std::printf("generated %lld records, %lld properties in %.1f s\n",
                 static_cast<long long>(m_generator->recordsWritten()),
                 static_cast<long long>(m_generator->propertiesWritten()), timer.elapsed() / 1000.0);
+    return mount();
+}
+
+bool BenchDevice::mount() {
     m_mounted = CeMountObjectStore(objectStorePath()) != FALSE;
     if (!m_mounted) {
         m_error = QStringLiteral("Cannot mount the generated object store (error %1).").arg(GetLastError());

@@ -1,6 +1,8 @@
 #pragma once
 // The device the store benchmarks measure on: three users with ten years of daily records in all
 // six logs, generated into a temporary folder, its object store mounted while the object lives.
+// When KOVALIN_BENCH_DEVICE names a folder, the device is generated there once and reused by later
+// runs (for profiling, where generating under the profiler would take most of the time).
 
 #include "DeviceGenerator.h"
 
@@ -25,7 +27,11 @@ public:
     QStringList logNames() const;
 
 private:
+    QString deviceFolder() const;
+    bool mount();
+
     QTemporaryDir m_folder;
+    QString m_reused;
     std::unique_ptr<DeviceGenerator> m_generator;
     QString m_error;
     bool m_mounted = false;

@@ -59,7 +59,7 @@ bool DirectStore::open() {
     }
     // The volume is in WAL mode; commits are as durable as the platform's (synchronous NORMAL
     // survives a killed process), and foreign keys are on, as the schema's cascades need.
-    return sqlite3_exec(m_db, "PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON; PRAGMA busy_timeout = 5000",
+    return sqlite3_exec(m_db, "PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON; PRAGMA busy_timeout = 5000",
                         nullptr, nullptr, nullptr) == SQLITE_OK &&
            prepare(&m_findDatabase, "SELECT oid FROM databases WHERE name = ?1") &&
            prepare(&m_seekEqual, "SELECT oid FROM records WHERE db = ?1 AND sort_key = ?2 ORDER BY sort_key, oid "

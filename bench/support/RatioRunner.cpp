@@ -18,29 +18,43 @@ double median(std::vector<double> values) {
     return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
 }
 
-// The console output, plus every repetition's real time per iteration (seconds) by case name.
+// Collects every repetition's CPU and real time per iteration (seconds) by case name; shows the
+// aggregates of repeated cases (mean, median, spread) and single runs as they are.
 class CollectingReporter : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override {
+        std::vector<Run> shown;
         for (const Run& run : runs) {
+            if (run.run_type == Run::RT_Aggregate || run.repetitions <= 1) {
+                shown.push_back(run);
+            }
             if (run.run_type != Run::RT_Iteration) {
                 continue;
             }
             if (run.error_occurred) {
                 m_failed.push_back(run.run_name.function_name + ": " + run.error_message);
             } else if (run.iterations > 0) {
-                m_seconds[run.run_name.function_name].push_back(run.real_accumulated_time /
-                                                                static_cast<double>(run.iterations));
+                const auto iterations = static_cast<double>(run.iterations);
+                Times& times = m_times[run.run_name.function_name];
+                times.cpu.push_back(run.cpu_accumulated_time / iterations);
+                times.real.push_back(run.real_accumulated_time / iterations);
             }
         }
-        ConsoleReporter::ReportRuns(runs);
+        if (!shown.empty()) {
+            ConsoleReporter::ReportRuns(shown);
+        }
     }
 
-    const std::map<std::string, std::vector<double>>& seconds() const { return m_seconds; }
+    struct Times {
+        std::vector<double> cpu;
+        std::vector<double> real;
+    };
+
+    const std::map<std::string, Times>& times() const { return m_times; }
     const std::vector<std::string>& failed() const { return m_failed; }
 
 private:
-    std::map<std::string, std::vector<double>> m_seconds;
+    std::map<std::string, Times> m_times;
     std::vector<std::string> m_failed;
 };
 } // namespace
@@ -60,14 +74,11 @@ RatioRunner::RatioRunner(int argc, char** argv) {
     if (!hasFlag(m_arguments, "--benchmark_enable_random_interleaving")) {
         m_arguments.emplace_back("--benchmark_enable_random_interleaving=true");
     }
-    if (!hasFlag(m_arguments, "--benchmark_report_aggregates_only")) {
-        m_arguments.emplace_back("--benchmark_report_aggregates_only=true");
-    }
 }
 
 void RatioRunner::addRatio(const std::string& name, const std::string& storeCase, const std::string& baselineCase,
-                           double limit) {
-    m_ratios.push_back({name, storeCase, baselineCase, limit});
+                           Clock clock, double limit) {
+    m_ratios.push_back({name, storeCase, baselineCase, clock, limit});
 }
 
 int RatioRunner::run() {
@@ -90,14 +101,16 @@ int RatioRunner::run() {
         std::printf("failed %s\n", failure.c_str());
         status = 1;
     }
-    const auto& seconds = reporter.seconds();
+    const auto& times = reporter.times();
     for (const Ratio& ratio : m_ratios) {
-        const auto store = seconds.find(ratio.storeCase);
-        const auto baseline = seconds.find(ratio.baselineCase);
-        if (store == seconds.end() || baseline == seconds.end()) {
+        const auto store = times.find(ratio.storeCase);
+        const auto baseline = times.find(ratio.baselineCase);
+        if (store == times.end() || baseline == times.end()) {
             continue; // filtered out, or failed (reported above)
         }
-        const double value = median(store->second) / median(baseline->second);
+        const bool cpu = ratio.clock == Clock::Cpu;
+        const double value = median(cpu ? store->second.cpu : store->second.real) /
+                             median(cpu ? baseline->second.cpu : baseline->second.real);
         std::printf("ratio %s: %.2f (limit %.1f)\n", ratio.name.c_str(), value, ratio.limit);
         if (m_check && value > ratio.limit) {
             status = 1;

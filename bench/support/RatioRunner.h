@@ -1,8 +1,12 @@
 #pragma once
 // Runs a bench program's Google Benchmark cases and turns each pair of (store, baseline) cases into
-// one ratio: the median real time per iteration of the store case over that of its baseline, both
+// one ratio: the median time per iteration of the store case over that of its baseline, both
 // measured in the same run, their repetitions randomly interleaved so that load on the machine
 // falls on both alike. Prints "ratio <name>: X.XX (limit L)" per pair.
+//
+// A ratio is taken on the thread's CPU time (user and system) or on real time. CPU time suits work
+// that never waits (reads of a file in the OS cache): other processes on a shared machine then
+// stretch neither side. Real time suits work that waits for the disk (a durable commit).
 //
 // Accepts the usual --benchmark_* flags, and --check: exit 1 when a ratio is over its limit.
 // Without --benchmark_repetitions it runs 5 repetitions of every case.
@@ -14,10 +18,12 @@ class RatioRunner {
 public:
     RatioRunner(int argc, char** argv);
 
+    enum class Clock { Cpu, Real };
+
     // A ratio to report: the store case's time over the baseline case's, named after the cases'
     // registered names.
     void addRatio(const std::string& name, const std::string& storeCase, const std::string& baselineCase,
-                  double limit);
+                  Clock clock, double limit);
     // Runs the registered cases; 0 on success, 1 when a case failed or (with --check) a ratio is
     // over its limit, 2 for an unknown argument.
     int run();
@@ -27,6 +33,7 @@ private:
         std::string name;
         std::string storeCase;
         std::string baselineCase;
+        Clock clock;
         double limit;
     };
 
