@@ -120,7 +120,12 @@ int DeviceScreen::execModal(QDialog& dialog, Placement placement) {
     focusFirstControl(dialog);
     const int result = dialog.exec();
     m_modal.pop_back();
-    delete cover;
+    if (cover != nullptr) {
+        // The dialog belongs to its caller: out of the cover before the cover goes.
+        dialog.hide();
+        dialog.setParent(m_clientArea);
+        delete cover;
+    }
     restoreAfterModal(previousFocus);
     return result;
 }

@@ -12,4 +12,5 @@ struct ConfirmRequest {
 struct ConfirmResult {
     bool okPressed = false;
     bool confirmed = false;
+    friend bool operator==(const ConfirmResult&, const ConfirmResult&) = default;
 };

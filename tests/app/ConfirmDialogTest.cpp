@@ -1,0 +1,126 @@
+#include "ConfirmDialog.h"
+#include "RecordDatabase.h"
+#include "Settings.h"
+#include "ShellPageFactory.h"
+#include "ShellTestSupport.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+struct Answer {
+    QString typed;
+    bool tick = false;
+    const char* button = "c1";
+};
+
+class ConfirmDialogTest : public ShellTest {
+protected:
+    // Asks request and answers it: types into the 'yes' box, ticks the check box, presses button.
+    ConfirmResult ask(const ConfirmRequest& request, const Answer& answer) {
+        whenShown(QStringLiteral("ConfirmDialog"), [&](QWidget* dialog) {
+            m_yesShown = dialog->findChild<QLineEdit*>(QStringLiteral("c1312"))->isVisible();
+            m_yesLabelShown = dialog->findChild<QLabel*>(QStringLiteral("c1311"))->isVisible();
+            m_checkShown = dialog->findChild<QCheckBox*>(QStringLiteral("c1313"))->isVisible();
+            m_text = dialog->findChild<QLabel*>(QStringLiteral("c1310"))->text();
+            dialog->findChild<QLineEdit*>(QStringLiteral("c1312"))->setText(answer.typed);
+            dialog->findChild<QCheckBox*>(QStringLiteral("c1313"))->setChecked(answer.tick);
+            dialog->findChild<QPushButton*>(QLatin1String(answer.button))->click();
+        });
+        ConfirmDialog dialog(nullptr);
+        return dialog.ask(request);
+    }
+    static ConfirmRequest yesMode() { return {QStringLiteral("This will delete the user."), true, false}; }
+
+    bool m_yesShown = false;
+    bool m_yesLabelShown = false;
+    bool m_checkShown = false;
+    QString m_text;
+};
+} // namespace
+
+TEST_F(ConfirmDialogTest, InYesModeOnlyTheExactLowerCaseWordConfirms) {
+    EXPECT_EQ(ask(yesMode(), {QStringLiteral("yes")}), (ConfirmResult{true, true}));
+    EXPECT_TRUE(m_yesShown);
+    EXPECT_TRUE(m_yesLabelShown);
+    EXPECT_FALSE(m_checkShown);
+    EXPECT_EQ(m_text, QStringLiteral("This will delete the user."));
+    for (const char* typed : {"Yes", "YES", "yes ", "", "y"}) {
+        EXPECT_EQ(ask(yesMode(), {QString::fromLatin1(typed)}), (ConfirmResult{true, false})) << typed;
+    }
+    EXPECT_EQ(ask(yesMode(), {QStringLiteral("yes"), false, "c2"}), (ConfirmResult{false, false}));
+}
+
+TEST_F(ConfirmDialogTest, WithoutYesModeOkConfirmsAndTheCheckBoxWritesDontShowOnlyWithOk) {
+    const ConfirmRequest plain{QStringLiteral("Make Ann the current user?"), false, false};
+    EXPECT_EQ(ask(plain, {}), (ConfirmResult{true, true}));
+    EXPECT_FALSE(m_yesShown);
+    EXPECT_FALSE(m_checkShown);
+
+    const ConfirmRequest notice{QStringLiteral("Notes"), false, true};
+    EXPECT_EQ(ask(notice, {{}, false, "c1"}), (ConfirmResult{true, true}));
+    EXPECT_TRUE(m_checkShown);
+    EXPECT_FALSE(stored(Settings::kDontShow).isValid());
+    EXPECT_EQ(ask(notice, {{}, true, "c2"}), (ConfirmResult{false, false}));
+    EXPECT_FALSE(stored(Settings::kDontShow).isValid());
+    ask(notice, {{}, true, "c1"});
+    int type = 0;
+    EXPECT_EQ(stored(Settings::kDontShow, &type), 1);
+    EXPECT_EQ(type, 4);
+}
+
+TEST_F(ConfirmDialogTest, StartUpShowsTheReleaseNotesUntilTheUserAsksNotToSeeThemAgain) {
+    ShellPageFactory pages;
+    ConfirmRequest shown;
+    int boxesBefore = -1;
+    whenShown(QStringLiteral("ConfirmDialog"), [&](QWidget* dialog) {
+        shown.text = dialog->findChild<QLabel*>(QStringLiteral("c1310"))->text();
+        shown.yesBox = dialog->findChild<QLineEdit*>(QStringLiteral("c1312"))->isVisible();
+        shown.dontShowBox = dialog->findChild<QCheckBox*>(QStringLiteral("c1313"))->isVisible();
+        boxesBefore = static_cast<int>(m_boxes.texts().size());
+        dialog->findChild<QCheckBox*>(QStringLiteral("c1313"))->setChecked(true);
+        dialog->findChild<QPushButton*>(QStringLiteral("c1"))->click();
+    });
+    start(true, &pages);
+    EXPECT_TRUE(shown.text.startsWith(QStringLiteral("*Kovalin 2.0 Release Notes:")));
+    EXPECT_TRUE(shown.text.contains(QStringLiteral(
+        "- For best performance, perform a soft reset of your Pocket PC after installing Kovalin.  Periodically, if "
+        "the program seems to load slowly, a soft reset can help.")));
+    EXPECT_TRUE(shown.text.contains(QStringLiteral("user guide")));
+    EXPECT_TRUE(shown.text.contains(QStringLiteral("support@")));
+    EXPECT_FALSE(shown.yesBox);
+    EXPECT_TRUE(shown.dontShowBox);
+    EXPECT_EQ(boxesBefore, 0) << "no version 1 data, no message before the notes";
+    EXPECT_EQ(stored(Settings::kDontShow), 1);
+
+    // The next start, even with version 1 data on the device, shows neither notice.
+    m_screen.reset();
+    ASSERT_TRUE(RecordDatabase::Create(QStringLiteral("KovUpperBody"), 12345, PROP_TAG(CEVT_FILETIME, 64)));
+    bool appeared = false;
+    whenShown(QStringLiteral("ConfirmDialog"), [&](QWidget* dialog) {
+        appeared = true;
+        dialog->findChild<QPushButton*>(QStringLiteral("c2"))->click();
+    });
+    start(true, &pages);
+    EXPECT_FALSE(appeared);
+    EXPECT_TRUE(m_boxes.texts().isEmpty());
+}
+
+TEST_F(ConfirmDialogTest, VersionOneDataIsAnnouncedBeforeTheReleaseNotes) {
+    ASSERT_TRUE(RecordDatabase::Create(QStringLiteral("KovUpperBody"), 12345, PROP_TAG(CEVT_FILETIME, 64)));
+    ShellPageFactory pages;
+    int boxesBefore = -1;
+    whenShown(QStringLiteral("ConfirmDialog"), [&](QWidget* dialog) {
+        boxesBefore = static_cast<int>(m_boxes.texts().size());
+        dialog->findChild<QPushButton*>(QStringLiteral("c1"))->click();
+    });
+    start(true, &pages);
+    EXPECT_EQ(boxesBefore, 1);
+    EXPECT_EQ(m_boxes.texts(),
+              QStringList{"Version 1.x Kovalin data is on your device.  If you would like to import it "
+                          "into Kovalin 2.0, choose 'Menu' 'Utilities' and 'Import.'"});
+    // Unticked, OK leaves the notices on for the next start.
+    EXPECT_FALSE(stored(Settings::kDontShow).isValid());
+}

@@ -1,0 +1,299 @@
+#include "Bitmaps.h"
+#include "CommandBar.h"
+#include "NavigationBar.h"
+#include "Settings.h"
+#include "ShellTestSupport.h"
+#include "StartupDialog.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTest>
+
+#include <utility>
+
+namespace {
+using Texts = std::vector<std::pair<QString, int>>;
+
+const std::vector<int> kUpperTools = {32793, 32794, 32795, 32796, 32797, 32837};
+const std::vector<int> kLowerTools = {32816, 32817, 32819, 32820, 32838, 32839};
+
+QStringList calls(const QStringList& log, const QString& prefix = {}) {
+    QStringList found;
+    for (const QString& line : log) {
+        if (!line.endsWith(QStringLiteral(" init")) && !line.endsWith(QStringLiteral(" created")) &&
+            line.startsWith(prefix)) {
+            found.append(line);
+        }
+    }
+    return found;
+}
+
+void clickTab(MainDialog& main, int index) {
+    QTabBar* tabs = main.tabControl();
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index).center());
+}
+
+QImage argb(const QPixmap& pixmap) {
+    return pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
+}
+} // namespace
+
+class MainDialogTest : public ShellTest {};
+
+TEST_F(MainDialogTest, FirstStartShowsTheProgressTextsInOrderAndOpensOnTodayForTheDefaultUser) {
+    // A device with no registry key at all: the release notes come up and are cancelled.
+    whenShown(QStringLiteral("ConfirmDialog"), [](QWidget* dialog) { dialog->findChild<QPushButton*>("c2")->click(); });
+    m_screen = std::make_unique<DeviceScreen>(m_factory);
+    m_screen->show();
+    m_screen->start();
+
+    // Nothing loads until the progress box's timer fires.
+    auto* progress = m_screen->findChild<StartupDialog*>(QStringLiteral("StartupDialog"));
+    ASSERT_NE(progress, nullptr);
+    EXPECT_TRUE(progress->isVisible());
+    EXPECT_EQ(progress->windowTitle(), QStringLiteral("Initializing Kovalin"));
+    EXPECT_EQ(progress->position(), 0);
+    EXPECT_TRUE(m_factory.log.isEmpty());
+
+    Texts shown;
+    QStringList madeWhenShown;
+    QObject::connect(progress, &StartupDialog::textShown, [&](const QString& text, int position) {
+        shown.emplace_back(text, position);
+        madeWhenShown.append(QString::number(m_factory.log.filter(QStringLiteral(" created")).size()));
+    });
+    ASSERT_TRUE(waitUntil([this] { return main().isLoaded(); }));
+
+    const Texts expected = {{"   Setting up Kovalin...", 1},  {"   Creating toolbars...", 1},
+                            {"   Loading reports...", 2},     {"   Loading food log...", 2},
+                            {"   Loading aerobic...", 3},     {"   Loading lower body...", 3},
+                            {"   Loading upper body...", 4},  {"   Loading calendar...", 4},
+                            {"   Loading today items...", 4}, {"   Finished", 6}};
+    EXPECT_EQ(shown, expected);
+    // Each text is shown before its page is made.
+    EXPECT_EQ(madeWhenShown.join(' '), QStringLiteral("0 0 0 1 2 3 4 5 6 8"));
+    EXPECT_EQ(m_factory.log.filter(QStringLiteral(" created")),
+              QStringList({"reports created", "food created", "aerobic created", "lower created", "upper created",
+                           "calendar created", "today created", "grid created"}));
+    EXPECT_EQ(m_screen->findChild<StartupDialog*>(), nullptr);
+
+    EXPECT_EQ(main().GetUserName(), QStringLiteral("Default"));
+    EXPECT_EQ(main().upperBodyADatabaseName(), QStringLiteral("Kov2AUpperBody"));
+    EXPECT_EQ(main().upperBodyBDatabaseName(), QStringLiteral("Kov2BUpperBody"));
+    EXPECT_EQ(main().lowerBodyADatabaseName(), QStringLiteral("Kov2ALowerBody"));
+    EXPECT_EQ(main().lowerBodyBDatabaseName(), QStringLiteral("Kov2BLowerBody"));
+    EXPECT_EQ(main().aerobicDatabaseName(), QStringLiteral("Kov2Aerobic"));
+    EXPECT_EQ(main().foodDatabaseName(), QStringLiteral("Kov2Food"));
+    int type = 0;
+    EXPECT_EQ(stored(Settings::kLastUser, &type), QVariant(QString()));
+    EXPECT_EQ(type, 1);
+
+    for (int tab = 0; tab < MainDialog::kTabCount; ++tab) {
+        EXPECT_EQ(main().page(tab)->isVisible(), tab == 0) << tab;
+        EXPECT_EQ(main().page(tab)->geometry(), QRect(0, 0, 240, 260)) << tab;
+    }
+    EXPECT_FALSE(main().setGrid()->isVisible());
+    EXPECT_EQ(main().tabControl()->geometry(), QRect(0, 247, 240, 21));
+    EXPECT_EQ(main().tabControl()->count(), 7);
+    EXPECT_EQ(main().tabControl()->currentIndex(), 0);
+    EXPECT_EQ(toolBarCommands(), std::vector<int>{32832});
+}
+
+TEST_F(MainDialogTest, TheLastUserIsMadeCurrentAndWrittenBack) {
+    setText(Settings::kLastUser, QStringLiteral("Ann"));
+    start();
+    EXPECT_EQ(main().GetUserName(), QStringLiteral("Ann"));
+    EXPECT_EQ(main().upperBodyADatabaseName(), QStringLiteral("Kov2AUpperBodyAnn"));
+    EXPECT_EQ(main().foodDatabaseName(), QStringLiteral("Kov2FoodAnn"));
+    EXPECT_EQ(main().aerobicDatabaseName(), QStringLiteral("Kov2AerobicAnn"));
+
+    // "Default" is held, and stored, as the empty name; other names are case-sensitive.
+    main().SetCurrentUser(QStringLiteral("Default"));
+    EXPECT_EQ(main().currentUserName(), QString());
+    EXPECT_EQ(main().lowerBodyBDatabaseName(), QStringLiteral("Kov2BLowerBody"));
+    EXPECT_EQ(stored(Settings::kLastUser), QVariant(QString()));
+    main().SetCurrentUser(QStringLiteral("default"));
+    EXPECT_EQ(main().lowerBodyBDatabaseName(), QStringLiteral("Kov2BLowerBodydefault"));
+    EXPECT_EQ(stored(Settings::kLastUser), QVariant(QStringLiteral("default")));
+}
+
+TEST_F(MainDialogTest, TabsShowTheirBitmapsMaskedOnPureGreen) {
+    start();
+    const int bitmaps[] = {145, 150, 148, 146, 149, 147, 181};
+    // The list is made from bitmap 145 as it stands, then receives the seven masked.
+    ASSERT_EQ(main().tabImages().count(), 8);
+    EXPECT_EQ(argb(main().tabImages().image(0)), Bitmaps::load(145).convertToFormat(QImage::Format_ARGB32));
+    for (int tab = 0; tab < 7; ++tab) {
+        const QImage shown = argb(main().tabControl()->tabIcon(tab).pixmap(15, 15));
+        const QImage bitmap = Bitmaps::load(bitmaps[tab]);
+        EXPECT_TRUE(main().tabControl()->tabText(tab).isEmpty());
+        ASSERT_EQ(bitmap.width(), 15) << bitmaps[tab];
+        EXPECT_EQ(shown, Bitmaps::withMask(bitmap, qRgb(0, 255, 0))) << tab;
+        int transparent = 0;
+        for (int y = 0; y < shown.height(); ++y) {
+            for (int x = 0; x < shown.width(); ++x) {
+                transparent += qAlpha(shown.pixel(x, y)) == 0 ? 1 : 0;
+                EXPECT_NE(shown.pixel(x, y) & 0xFFFFFFu, 0x00FF00u) << tab;
+            }
+        }
+        // Drawn, not blank: some of it is masked and most of the rest is picture.
+        EXPECT_GT(transparent, 10) << tab;
+        EXPECT_LT(transparent, 15 * 15 - 40) << tab;
+    }
+}
+
+TEST_F(MainDialogTest, SwitchingTabsShowsOnePageRebuildsTheCommandBarAndSavesOnlyTheAerobicPageOnLeaving) {
+    start();
+    clickTab(main(), 3);
+    EXPECT_TRUE(main().page(3)->isVisible());
+    EXPECT_FALSE(main().page(0)->isVisible());
+    EXPECT_TRUE(toolBarCommands().empty());
+    EXPECT_NE(m_screen->findChild<QAction*>(QStringLiteral("cmd32835")), nullptr);
+    EXPECT_TRUE(calls(m_factory.log).isEmpty());
+
+    clickTab(main(), 4);
+    EXPECT_EQ(calls(m_factory.log), QStringList{"aerobic save"});
+    EXPECT_EQ(toolBarCommands(), std::vector<int>{32828});
+    EXPECT_EQ(m_screen->findChildren<QAction*>(QStringLiteral("cmd32828")).size(), 1);
+
+    clickTab(main(), 1);
+    EXPECT_EQ(toolBarCommands(), kUpperTools);
+    EXPECT_EQ(m_screen->findChild<QAction*>(QStringLiteral("cmd32828")), nullptr);
+    clickTab(main(), 2);
+    EXPECT_EQ(toolBarCommands(), kLowerTools);
+    for (int tab : {5, 6}) {
+        clickTab(main(), tab);
+        EXPECT_TRUE(toolBarCommands().empty()) << tab;
+        EXPECT_EQ(main().commandBar()->menu()->actions().size(), 9) << tab;
+    }
+    clickTab(main(), 4);
+    EXPECT_EQ(toolBarCommands(), std::vector<int>{32828});
+    clickTab(main(), 0);
+    EXPECT_EQ(toolBarCommands(), std::vector<int>{32832});
+    // Only the one departure from the aerobic page saved anything.
+    EXPECT_EQ(calls(m_factory.log), QStringList{"aerobic save"});
+    EXPECT_EQ(main().children().constLast(), main().tabControl());
+
+    // SelectPage switches once: arriving saves nothing, leaving saves once.
+    main().SelectPage(3);
+    main().SelectPage(3);
+    main().SelectPage(0);
+    EXPECT_EQ(calls(m_factory.log), QStringList({"aerobic save", "aerobic save", "aerobic save"}));
+    EXPECT_TRUE(main().page(0)->isVisible());
+}
+
+TEST_F(MainDialogTest, TheMenuHoldsTheNineCommandsInOrder) {
+    start();
+    QStringList items;
+    for (QAction* action : main().commandBar()->menu()->actions()) {
+        items.append(action->text() + QLatin1Char('=') + action->objectName());
+    }
+    EXPECT_EQ(items, QStringList({"Goals=cmd32829", "About=cmd32831", "View Photo=cmd32834", "Options=cmd32835",
+                                  "Utilities=cmd32836", "Switch User=cmd32863", "Manage Users=cmd32862",
+                                  "Help=cmd32861", "Exit=cmd32833"}));
+    EXPECT_EQ(m_screen->findChild<QWidget*>(QStringLiteral("menubar129"))->property("text"), QVariant("Menu"));
+}
+
+TEST_F(MainDialogTest, ToolBarCommandsGoToTheirPagesAndTheIgnoredOnesDoNothing) {
+    start();
+    main().SelectPage(1);
+    trigger(32795);
+    main().SelectPage(2);
+    trigger(32839);
+    main().SelectPage(4);
+    trigger(32828);
+    // A page's commands reach it even when another page is shown.
+    main().onCommand(32837);
+    main().onCommand(32774);
+    main().onCommand(32847);
+    EXPECT_EQ(calls(m_factory.log),
+              QStringList({"upper command 32795", "lower command 32839", "food command 32828", "upper command 32837"}));
+    EXPECT_TRUE(m_boxes.texts().isEmpty());
+    EXPECT_FALSE(main().hasEnded());
+
+    main().SelectPage(0);
+    auto* today = static_cast<RecordingPage*>(main().page(0));
+    ASSERT_TRUE(waitUntil([today] { return today->paints() > 0; }));
+    const int before = today->paints();
+    trigger(32832);
+    EXPECT_TRUE(waitUntil([today, before] { return today->paints() > before; }));
+}
+
+TEST_F(MainDialogTest, ExitSavesTheAerobicPageWhenItIsShownAndEndsTheProgram) {
+    start();
+    main().SelectPage(1);
+    trigger(32833);
+    EXPECT_TRUE(main().hasEnded());
+    EXPECT_FALSE(m_screen->isVisible());
+    EXPECT_TRUE(calls(m_factory.log).isEmpty());
+
+    m_screen.reset();
+    m_factory.log.clear();
+    start();
+    main().SelectPage(3);
+    trigger(32833);
+    EXPECT_EQ(calls(m_factory.log), QStringList{"aerobic save"});
+    EXPECT_FALSE(m_screen->isVisible());
+}
+
+TEST_F(MainDialogTest, PagesReachEachOtherOnlyThroughTheMainDialog) {
+    start();
+    const QDate day(2024, 3, 14);
+    main().SetDateOnAllPages(day);
+    EXPECT_EQ(calls(m_factory.log),
+              QStringList({"upper setDate 2024-03-14", "lower setDate 2024-03-14", "aerobic setDate 2024-03-14",
+                           "food setDate 2024-03-14", "calendar setDate 2024-03-14"}));
+    m_factory.log.clear();
+    main().ReloadForUser();
+    EXPECT_EQ(calls(m_factory.log), QStringList({"upper reload", "lower reload", "aerobic reload", "food reload"}));
+    m_factory.log.clear();
+    auto* today = static_cast<RecordingPage*>(main().page(0));
+    ASSERT_TRUE(waitUntil([today] { return today->paints() > 0; }));
+    const int paints = today->paints();
+    main().RefreshLogPages();
+    EXPECT_EQ(calls(m_factory.log), QStringList({"upper reload", "lower reload", "aerobic reload", "food reload"}));
+    EXPECT_TRUE(waitUntil([today, paints] { return today->paints() > paints; }));
+
+    m_factory.log.clear();
+    main().forwardDateToStrengthPage(BodyRegion::Lower, day);
+    main().forwardTimesToStrengthPage(BodyRegion::Upper, WorkoutTimes{{}, {}, QTime(1, 15, 0), true});
+    main().ShowSetGrid(day, 1103);
+    EXPECT_TRUE(main().setGrid()->isVisible());
+    main().returnFromSetGrid(1103);
+    EXPECT_FALSE(main().setGrid()->isVisible());
+    EXPECT_EQ(main().tabControl()->currentIndex(), 1);
+    EXPECT_TRUE(main().page(1)->isVisible());
+    main().returnFromSetGrid(1205);
+    EXPECT_EQ(main().tabControl()->currentIndex(), 2);
+    EXPECT_EQ(calls(m_factory.log), QStringList({"lower setDate 2024-03-14", "upper applyTimes 01:15:00",
+                                                 "grid openGroup 2024-03-14 1103", "upper reload", "lower reload"}));
+}
+
+TEST_F(MainDialogTest, ExitWhileTheSetGridIsShownEndsWithoutAPrompt) {
+    start();
+    main().SelectPage(1);
+    main().ShowSetGrid(QDate(2024, 3, 14), 1101);
+    trigger(32833);
+    EXPECT_TRUE(main().hasEnded());
+    EXPECT_TRUE(m_boxes.texts().isEmpty());
+}
+
+TEST_F(MainDialogTest, ModalDialogsCoverTheClientAreaAndPutTheCommandBarAway) {
+    start();
+    QRect where;
+    QString title;
+    bool commandBarShown = true;
+    whenShown(QStringLiteral("OptionsDialog"), [&](QWidget* dialog) {
+        where = QRect(dialog->mapTo(m_screen.get(), QPoint(0, 0)), dialog->size());
+        title = m_screen->navigationBar().title();
+        commandBarShown = main().commandBar()->isVisible();
+        dialog->findChild<QPushButton*>("c2")->click();
+    });
+    trigger(32835);
+    EXPECT_EQ(where, QRect(0, 26, 240, 268));
+    EXPECT_EQ(title, QStringLiteral("Options"));
+    EXPECT_FALSE(commandBarShown);
+    EXPECT_EQ(m_screen->navigationBar().title(), QStringLiteral("Kovalin"));
+    EXPECT_TRUE(main().commandBar()->isVisible());
+}

@@ -1,0 +1,80 @@
+#include "Bitmaps.h"
+#include "StringTable.h"
+#include "ToolBarResource.h"
+
+#include <QtEndian>
+
+#include <gtest/gtest.h>
+
+namespace {
+QByteArray words(std::initializer_list<quint16> values) {
+    QByteArray bytes;
+    for (quint16 value : values) {
+        char two[2];
+        qToLittleEndian(value, two);
+        bytes.append(two, 2);
+    }
+    return bytes;
+}
+
+int opaquePixels(const QPixmap& pixmap) {
+    const QImage image = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            count += qAlpha(image.pixel(x, y)) != 0 ? 1 : 0;
+        }
+    }
+    return count;
+}
+} // namespace
+
+TEST(ResourcesTest, ToolBarsHoldVersionOneSixteenByFifteenButtonsWithTheirCommandsAndADrawnImageEach) {
+    const std::pair<int, std::vector<int>> bars[] = {
+        {178, {32832}},
+        {151, {32793, 32794, 32795, 32796, 32797, 32837}},
+        {157, {32816, 32817, 32819, 32820, 32838, 32839}},
+        {162, {32828}},
+    };
+    for (const auto& [id, commands] : bars) {
+        const auto bar = ToolBarResource::load(id);
+        ASSERT_TRUE(bar.has_value()) << id;
+        EXPECT_EQ(bar->buttonWidth(), 16) << id;
+        EXPECT_EQ(bar->buttonHeight(), 15) << id;
+        EXPECT_EQ(bar->commands(), commands) << id;
+        for (int i = 0; i < static_cast<int>(commands.size()); ++i) {
+            const QPixmap image = bar->buttonImage(i);
+            EXPECT_EQ(image.size(), QSize(16, 15)) << id << " button " << i;
+            EXPECT_GT(opaquePixels(image), 30) << id << " button " << i;
+            EXPECT_LT(opaquePixels(image), 16 * 15) << id << " button " << i << " is not masked";
+            EXPECT_FALSE(StringTable::load(commands[static_cast<size_t>(i)]).isEmpty()) << "no tip for " << commands[i];
+        }
+        EXPECT_TRUE(bar->buttonImage(static_cast<int>(commands.size())).isNull()) << id;
+    }
+    EXPECT_FALSE(ToolBarResource::load(129).has_value());
+}
+
+TEST(ResourcesTest, TheToolBarFormatIsReadWordByWordAndMalformedOnesAreRefused) {
+    const auto bar = ToolBarResource::parse(words({1, 16, 15, 3, 32793, 0, 32794}), 151);
+    ASSERT_TRUE(bar.has_value());
+    EXPECT_EQ(bar->commands(), (std::vector<int>{32793, 0, 32794}));
+    // A separator takes no image: the second button uses the second slice of the strip.
+    EXPECT_EQ(bar->buttonImage(1).toImage(), ToolBarResource::load(151)->buttonImage(1).toImage());
+
+    EXPECT_FALSE(ToolBarResource::parse(words({2, 16, 15, 1, 32832})).has_value());
+    EXPECT_FALSE(ToolBarResource::parse(words({1, 16, 15, 2, 32832})).has_value());
+    EXPECT_FALSE(ToolBarResource::parse(words({1, 16, 15, 1, 32832, 5})).has_value());
+    EXPECT_FALSE(ToolBarResource::parse(words({1, 16, 15})).has_value());
+    EXPECT_FALSE(ToolBarResource::parse(QByteArray("\x01\x00\x10\x00\x0f\x00\x01\x00\x40", 9)).has_value());
+}
+
+TEST(ResourcesTest, TheIconComesInTwoSizesAndEveryPictureIsDrawn) {
+    const QIcon icon = Bitmaps::icon(128);
+    EXPECT_EQ(icon.availableSizes(), (QList<QSize>{QSize(32, 32), QSize(16, 16)}));
+    EXPECT_GT(opaquePixels(icon.pixmap(16, 16)), 100);
+    EXPECT_TRUE(Bitmaps::icon(129).isNull());
+    for (int id : {280, 281}) {
+        EXPECT_GT(opaquePixels(Bitmaps::masked(id)), 20) << id;
+    }
+    EXPECT_TRUE(Bitmaps::load(999).isNull());
+}

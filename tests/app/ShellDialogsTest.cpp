@@ -1,0 +1,172 @@
+#include "DeviceMessageBox.h"
+#include "DeviceMessageBoxPresenter.h"
+#include "GoalsFile.h"
+#include "InputPanel.h"
+#include "MessageBox.h"
+#include "NavigationBar.h"
+#include "ShellTestSupport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+
+namespace {
+class ShellDialogsTest : public ShellTest {
+protected:
+    QByteArray goalsBytes() const {
+        QFile file(m_device.paths().hostPath(QStringLiteral("\\Windows\\goals.dat")));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+};
+} // namespace
+
+TEST_F(ShellDialogsTest, GoalsAreKeptInTheGoalsFileAsUtf16AndShownAgain) {
+    start();
+    whenShown(QStringLiteral("GoalsDialog"), [](QWidget* dialog) {
+        dialog->findChild<QPlainTextEdit*>(QStringLiteral("c1320"))
+            ->setPlainText(QStringLiteral("Run 10 km\nBench 80 kg"));
+        dialog->findChild<QPushButton*>(QStringLiteral("c1"))->click();
+    });
+    trigger(32829);
+    const QByteArray bytes = goalsBytes();
+    ASSERT_TRUE(bytes.startsWith("\xFF\xFE"));
+    EXPECT_EQ(bytes.mid(2, 6), QByteArray("R\0u\0n\0", 6));
+    EXPECT_EQ(GoalsFile::read(), QStringLiteral("Run 10 km\nBench 80 kg"));
+
+    QString reopened;
+    whenShown(QStringLiteral("GoalsDialog"), [&reopened](QWidget* dialog) {
+        auto* text = dialog->findChild<QPlainTextEdit*>(QStringLiteral("c1320"));
+        reopened = text->toPlainText();
+        text->setPlainText(QStringLiteral("changed"));
+        dialog->findChild<QPushButton*>(QStringLiteral("c2"))->click();
+    });
+    trigger(32829);
+    EXPECT_EQ(reopened, QStringLiteral("Run 10 km\nBench 80 kg"));
+    EXPECT_EQ(GoalsFile::read(), QStringLiteral("Run 10 km\nBench 80 kg"));
+
+    // A goals file written elsewhere as plain UTF-8 reads too.
+    QFile plain(m_device.paths().hostPath(QStringLiteral("\\Windows\\goals.dat")));
+    ASSERT_TRUE(plain.open(QIODevice::WriteOnly));
+    plain.write("Lose 2 kg \xE2\x80\x93 by June");
+    plain.close();
+    EXPECT_EQ(GoalsFile::read(), QStringLiteral("Lose 2 kg \u2013 by June"));
+}
+
+TEST_F(ShellDialogsTest, AboutHelpAndPhotoTellTheUserWhatTheyShould) {
+    start();
+    QString version;
+    whenShown(QStringLiteral("AboutDialog"), [&version](QWidget* dialog) {
+        version = dialog->findChild<QLabel*>(QStringLiteral("c1323"))->text();
+        dialog->findChild<QPushButton*>(QStringLiteral("c1"))->click();
+    });
+    trigger(32831);
+    EXPECT_EQ(version, QStringLiteral("Version 2.0.0"));
+
+    trigger(32861);
+    trigger(32834);
+    ASSERT_EQ(m_boxes.texts().size(), 2);
+    EXPECT_EQ(m_boxes.captions(), QStringList({"Help", "View Photo"}));
+    EXPECT_TRUE(
+        m_boxes.texts()[0].contains(QStringLiteral("Upper Body, Lower Body, Aerobic, Food, Reports and Calendar")));
+    EXPECT_TRUE(m_boxes.texts()[1].contains(QStringLiteral("picture.jpg")));
+    EXPECT_TRUE(m_boxes.texts()[1].contains(QDir(m_device.paths().programFolder()).absolutePath()));
+
+    // A picture that is not a JPEG is reported, not shown.
+    QFile broken(m_device.paths().hostPath(QStringLiteral("\\Program Files\\Kovalin\\picture.jpg")));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.write("not a picture");
+    broken.close();
+    trigger(32834);
+    ASSERT_EQ(m_boxes.texts().size(), 3);
+    EXPECT_TRUE(m_boxes.texts()[2].startsWith(QStringLiteral("\\Program Files\\Kovalin\\picture.jpg cannot be shown")));
+
+    // A real one is shown below the navigation bar until it is tapped.
+    QImage photo(240, 290, QImage::Format_RGB32);
+    photo.fill(Qt::darkGreen);
+    ASSERT_TRUE(photo.save(broken.fileName(), "JPEG"));
+    QRect where;
+    whenShown(QStringLiteral("PhotoViewer"), [&](QWidget* viewer) {
+        where = QRect(viewer->mapTo(m_screen.get(), QPoint(0, 0)), viewer->size());
+        QTest::mouseClick(viewer, Qt::LeftButton, {}, QPoint(120, 120));
+    });
+    trigger(32834);
+    EXPECT_EQ(where, QRect(0, 26, 240, 294));
+    EXPECT_EQ(m_boxes.texts().size(), 3);
+}
+
+TEST_F(ShellDialogsTest, TheMessageBoxPresenterShowsTheBoxOnTheScreenAndReturnsTheButtonPressed) {
+    start();
+    DeviceMessageBoxPresenter presenter;
+    QRect where;
+    QString title;
+    whenShown(QStringLiteral("DeviceMessageBox"), [&](QWidget* box) {
+        where = QRect(box->mapTo(m_screen.get(), QPoint(0, 0)), box->size());
+        title = box->windowTitle();
+        EXPECT_EQ(box->findChild<QLabel*>(QStringLiteral("MessageText"))->text(), QStringLiteral("Delete the meal?"));
+        EXPECT_EQ(box->findChild<QPushButton*>(QStringLiteral("c1")), nullptr);
+        box->findChild<QPushButton*>(QStringLiteral("c7"))->click();
+    });
+    EXPECT_EQ(MessageBoxW(&main(), QStringLiteral("Delete the meal?"), QStringLiteral("Kovalin"), MB_YESNO), IDNO);
+    EXPECT_EQ(title, QStringLiteral("Kovalin"));
+    EXPECT_TRUE(QRect(0, 26, 240, 268).contains(where)) << where.x() << "," << where.y() << " " << where.width();
+    EXPECT_EQ(where.width(), 224);
+
+    whenShown(QStringLiteral("DeviceMessageBox"), [](QWidget* box) {
+        QTest::keyClick(box->findChild<QPushButton*>(QStringLiteral("c1")), Qt::Key_Escape);
+    });
+    EXPECT_EQ(MessageBoxW(nullptr, QStringLiteral("Continue?"), QStringLiteral("Kovalin"), MB_OKCANCEL), IDCANCEL);
+    whenShown(QStringLiteral("DeviceMessageBox"),
+              [](QWidget* box) { box->findChild<QPushButton*>(QStringLiteral("c1"))->click(); });
+    EXPECT_EQ(MessageBoxW(&main(), QStringLiteral("Error accessing database"), QStringLiteral("Kovalin"), MB_OK), IDOK);
+}
+
+TEST_F(ShellDialogsTest, TheInputPanelTypesIntoTheFocusedControlWithoutTakingTheFocus) {
+    start();
+    auto* edit = new QLineEdit(main().page(0));
+    edit->show();
+    edit->setFocus();
+    ASSERT_TRUE(waitUntil([edit] { return edit->hasFocus(); }));
+    QTest::mouseClick(m_screen->findChild<QToolButton*>(QStringLiteral("InputPanelButton")), Qt::LeftButton);
+    InputPanel& panel = m_screen->inputPanel();
+    ASSERT_TRUE(panel.isVisible());
+    EXPECT_EQ(QRect(panel.mapTo(m_screen.get(), QPoint(0, 0)), panel.size()), QRect(0, 214, 240, 80));
+
+    auto tap = [&panel](const QString& label) {
+        for (int y = 0; y < InputPanel::kHeight; y += 2) {
+            for (int x = 0; x < InputPanel::kWidth; x += 2) {
+                if (panel.keyAt(QPoint(x, y)) == label) {
+                    QTest::mouseClick(&panel, Qt::LeftButton, {}, QPoint(x, y));
+                    return;
+                }
+            }
+        }
+        ADD_FAILURE() << "no key " << label.toStdString();
+    };
+    tap(QStringLiteral("k"));
+    tap(QStringLiteral("\u21E7"));
+    tap(QStringLiteral("g"));
+    tap(QStringLiteral("9"));
+    tap(QStringLiteral(" "));
+    tap(QStringLiteral("x"));
+    tap(QStringLiteral("\u2190"));
+    EXPECT_EQ(edit->text(), QStringLiteral("kG9 "));
+    EXPECT_TRUE(edit->hasFocus());
+    QTest::mouseClick(m_screen->findChild<QToolButton*>(QStringLiteral("InputPanelButton")), Qt::LeftButton);
+    EXPECT_FALSE(panel.isVisible());
+}
+
+TEST_F(ShellDialogsTest, FunctionsOfLaterVersionsSaySoInsteadOfDoingNothing) {
+    start();
+    trigger(32836);
+    trigger(32863);
+    trigger(32862);
+    ASSERT_EQ(m_boxes.texts().size(), 3);
+    for (const QString& text : m_boxes.texts()) {
+        EXPECT_TRUE(text.endsWith(QStringLiteral("not part of this version of Kovalin yet."))) << text.toStdString();
+    }
+}

@@ -1,0 +1,152 @@
+#include "ShellTestSupport.h"
+
+#include "CommandBar.h"
+#include "DeviceFonts.h"
+#include "KovalinApp.h"
+#include "RegistryHelper.h"
+#include "Settings.h"
+#include "SqlReader.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+// One application object for the whole test program, with the program's fonts and colours.
+class QtEnvironment : public ::testing::Environment {
+public:
+    void SetUp() override {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qunsetenv("QT_SCALE_FACTOR");
+        static int argc = 1;
+        static char name[] = "app_tests";
+        static char* argv[] = {name, nullptr};
+        m_application = std::make_unique<QApplication>(argc, argv);
+        QApplication::setQuitOnLastWindowClosed(false);
+        DeviceFonts::install();
+        KovalinApp::setDialogColours();
+    }
+    void TearDown() override { m_application.reset(); }
+
+private:
+    std::unique_ptr<QApplication> m_application;
+};
+
+[[maybe_unused]] ::testing::Environment* const environment = ::testing::AddGlobalTestEnvironment(new QtEnvironment);
+
+const QString kStoredKey = QStringLiteral("HKEY_CURRENT_USER\\Software\\Orn\\Kovalin");
+
+// The parent of every poll still waiting for its widget; a test's end removes what is left.
+QObject& pendingPolls() {
+    static QObject polls;
+    return polls;
+}
+} // namespace
+
+RecordingPage::RecordingPage(PageHost& host, int dialogId, const QString& className, QString name, QStringList& log,
+                             QWidget* parent)
+    : Page(host, dialogId, className, parent), m_name(std::move(name)), m_log(log) {}
+
+void RecordingPage::setDate(const QDate& date) {
+    m_log.append(m_name + QStringLiteral(" setDate ") + date.toString(Qt::ISODate));
+}
+
+bool RecordingPage::handleCommand(int command) {
+    m_log.append(m_name + QStringLiteral(" command %1").arg(command));
+    return true;
+}
+
+void RecordingPage::applyTimes(const WorkoutTimes& times) {
+    m_log.append(m_name + QStringLiteral(" applyTimes ") + times.elapsed.toString(QStringLiteral("HH:mm:ss")));
+}
+
+void RecordingPage::openGroup(const QDate& date, int groupCode) {
+    m_log.append(m_name + QStringLiteral(" openGroup %1 %2").arg(date.toString(Qt::ISODate)).arg(groupCode));
+}
+
+void RecordingPage::paintEvent(QPaintEvent*) {
+    ++m_paints;
+}
+
+std::unique_ptr<Page> RecordingPageFactory::create(PageKind kind, PageHost& host, QWidget* parent) {
+    struct Made {
+        int id;
+        const char* className;
+        const char* name;
+    };
+    static const Made made[] = {{132, "StrengthLogPage", "upper"}, {133, "TodayPage", "today"},
+                                {135, "StrengthLogPage", "lower"}, {136, "AerobicLogPage", "aerobic"},
+                                {137, "FoodLogPage", "food"},      {138, "ReportsPage", "reports"},
+                                {182, "CalendarPage", "calendar"}, {143, "SetGrid", "grid"}};
+    const Made& page = made[static_cast<int>(kind)];
+    log.append(QString::fromLatin1(page.name) + QStringLiteral(" created"));
+    return std::make_unique<RecordingPage>(host, page.id, QString::fromLatin1(page.className),
+                                           QString::fromLatin1(page.name), log, parent);
+}
+
+void whenShown(const QString& name, std::function<void(QWidget*)> act) {
+    auto* poll = new QTimer(&pendingPolls());
+    poll->setInterval(0);
+    QObject::connect(poll, &QTimer::timeout, poll, [poll, name, act] {
+        for (QWidget* widget : QApplication::allWidgets()) {
+            if (widget->objectName() == name && widget->isVisible()) {
+                poll->stop();
+                poll->deleteLater();
+                act(widget);
+                return;
+            }
+        }
+    });
+    poll->start();
+}
+
+bool waitUntil(const std::function<bool()>& condition, int timeoutMs) {
+    return QTest::qWaitFor(condition, timeoutMs);
+}
+
+ShellTest::ShellTest() = default;
+
+ShellTest::~ShellTest() {
+    qDeleteAll(pendingPolls().children());
+    m_screen.reset();
+}
+
+MainDialog& ShellTest::start(bool notices, PageFactory* factory) {
+    if (!notices) {
+        setNumber(Settings::kDontShow, 1);
+    }
+    m_screen = std::make_unique<DeviceScreen>(factory != nullptr ? *factory : m_factory);
+    m_screen->show();
+    m_screen->start();
+    EXPECT_TRUE(waitUntil([this] { return main().isLoaded(); }));
+    return main();
+}
+
+QVariant ShellTest::stored(const QString& name, int* type) const {
+    SqlReader sql(m_device.paths().objectStore());
+    if (type != nullptr) {
+        *type = sql.value(QStringLiteral("SELECT type FROM registry WHERE key = ? AND name = ?"), {kStoredKey, name})
+                    .toInt();
+    }
+    return sql.value(QStringLiteral("SELECT value FROM registry WHERE key = ? AND name = ?"), {kStoredKey, name});
+}
+
+void ShellTest::setNumber(const QString& name, DWORD value) const {
+    RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, name, value);
+}
+
+void ShellTest::setText(const QString& name, const QString& value) const {
+    RegistryHelper::SetString(HKEY_CURRENT_USER, Settings::kKey, name, value);
+}
+
+std::vector<int> ShellTest::toolBarCommands() const {
+    return m_screen->mainDialog().commandBar()->buttonCommands();
+}
+
+void ShellTest::trigger(int command) {
+    auto* action = m_screen->findChild<QAction*>(QStringLiteral("cmd%1").arg(command));
+    ASSERT_NE(action, nullptr) << "no command " << command << " on the screen";
+    action->trigger();
+}

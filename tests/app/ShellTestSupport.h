@@ -1,0 +1,92 @@
+#pragma once
+// What the shell's tests share: the application object, pages that record what the main window
+// asks of them, a started device screen on a fresh device, a driver for modal dialogs, and the
+// registry read back from the store with plain SQL.
+
+#include "DeviceScreen.h"
+#include "MainDialog.h"
+#include "PageFactory.h"
+#include "ScriptedMessageBoxes.h"
+#include "TestDevice.h"
+
+#include <QStringList>
+#include <QTimer>
+#include <QVariant>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <ostream>
+
+// Failures print texts as text.
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+
+// A page that does nothing but write each call into the shared log as "<name> <call> [argument]",
+// and count its paints.
+class RecordingPage : public Page {
+public:
+    RecordingPage(PageHost& host, int dialogId, const QString& className, QString name, QStringList& log,
+                  QWidget* parent);
+
+    void initDialog() override { m_log.append(m_name + QStringLiteral(" init")); }
+    void setDate(const QDate& date) override;
+    void reload() override { m_log.append(m_name + QStringLiteral(" reload")); }
+    void saveCurrent() override { m_log.append(m_name + QStringLiteral(" save")); }
+    bool handleCommand(int command) override;
+    void applyTimes(const WorkoutTimes& times) override;
+    void openGroup(const QDate& date, int groupCode) override;
+    int paints() const { return m_paints; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString m_name;
+    QStringList& m_log;
+    int m_paints = 0;
+};
+
+// Makes RecordingPages named "upper", "today", "lower", "aerobic", "food", "reports", "calendar"
+// and "grid", and logs "<name> created" for each.
+class RecordingPageFactory : public PageFactory {
+public:
+    std::unique_ptr<Page> create(PageKind kind, PageHost& host, QWidget* parent) override;
+    QStringList log;
+};
+
+// Acts on the widget of type T named name (anywhere in the application) once it is shown: polls
+// with a zero-delay timer, so that a modal dialog can be answered from inside its own event loop.
+void whenShown(const QString& name, std::function<void(QWidget*)> act);
+
+// Waits until condition holds (events are processed meanwhile); false after timeoutMs.
+bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 5000);
+
+class ShellTest : public ::testing::Test {
+protected:
+    ShellTest();
+    ~ShellTest() override;
+
+    // A screen of the recording pages (or of factory), started; waits until the loading has ended.
+    // With notices false the start-up notices are switched off first (DontShow = 1).
+    MainDialog& start(bool notices = false, PageFactory* factory = nullptr);
+    DeviceScreen& screen() { return *m_screen; }
+    MainDialog& main() { return m_screen->mainDialog(); }
+
+    // A registry value of the program's key as stored in the object store: its value, or an invalid
+    // QVariant when it does not exist; type receives its registry type.
+    QVariant stored(const QString& name, int* type = nullptr) const;
+    void setNumber(const QString& name, DWORD value) const;
+    void setText(const QString& name, const QString& value) const;
+    // The tool-bar commands the command bar shows.
+    std::vector<int> toolBarCommands() const;
+    // Triggers the menu or tool-bar command's QAction, failing when there is none on the screen.
+    void trigger(int command);
+
+    TestDevice m_device;
+    ScriptedMessageBoxes m_boxes;
+    RecordingPageFactory m_factory;
+    std::unique_ptr<DeviceScreen> m_screen;
+};
