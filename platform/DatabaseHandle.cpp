@@ -66,6 +66,7 @@ DWORD DatabaseHandle::seekCurrent(LONG offset, std::optional<Position>* found) c
 }
 
 DWORD DatabaseHandle::seek(DWORD seekType, DWORD value, CEOID* found, DWORD* index) {
+    volume()->holdRead();
     std::optional<Position> position;
     DWORD error = ERROR_SUCCESS;
     const auto signedValue = static_cast<LONG>(value);
@@ -106,6 +107,7 @@ DWORD DatabaseHandle::seekNextEqual(const CEPROPVAL& value, std::optional<Positi
 }
 
 DWORD DatabaseHandle::seek(DWORD seekType, const CEPROPVAL& value, CEOID* found, DWORD* index) {
+    volume()->holdRead();
     std::optional<Position> position;
     DWORD error = ERROR_SUCCESS;
     if (!m_sorted || value.propid != m_info.sortPropid || PropertyCodec::check(value) != ERROR_SUCCESS) {
@@ -127,6 +129,7 @@ DWORD DatabaseHandle::seek(DWORD seekType, const CEPROPVAL& value, CEOID* found,
 DWORD DatabaseHandle::read(std::vector<CEPROPVAL>* props, CEOID* oid) {
     *oid = 0;
     props->clear();
+    volume()->holdRead();
     RecordTable records(*volume());
     std::optional<Position> position;
     DWORD error = current(&position);

@@ -119,9 +119,10 @@ DWORD PropertyCodec::read(sqlite3_stmt* stmt, int column, CEPROPID propid, CEVAL
         return ERROR_SUCCESS;
     }
     if (type == CEVT_LPWSTR && stored == SQLITE_TEXT) {
-        const auto* text = static_cast<const char16_t*>(sqlite3_column_text16(stmt, column));
-        const int bytes = sqlite3_column_bytes16(stmt, column);
-        out->lpwstr = text != nullptr ? QString::fromUtf16(text, bytes / 2) : QString();
+        // Straight from the stored UTF-8: asking SQLite for UTF-16 would convert twice.
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(stmt, column));
+        const int bytes = sqlite3_column_bytes(stmt, column);
+        out->lpwstr = text != nullptr ? QString::fromUtf8(text, bytes) : QString();
         return ERROR_SUCCESS;
     }
     if (type == CEVT_BLOB && stored == SQLITE_BLOB) {

@@ -12,6 +12,8 @@ const char* const kUpsertProp = "INSERT INTO props (record, propid, value) VALUE
                                 "ON CONFLICT (record, propid) DO UPDATE SET value = excluded.value";
 const char* const kDeleteProp = "DELETE FROM props WHERE record = ?1 AND propid = ?2";
 const char* const kDeleteRecord = "DELETE FROM records WHERE oid = ?1 AND db = ?2";
+// Room for a whole day record at once (a strength record holds up to about 130 properties).
+constexpr std::size_t kTypicalProperties = 160;
 
 bool isDeletion(const CEPROPVAL& prop) {
     return (prop.wFlags & CEDB_PROPDELETE) != 0;
@@ -54,6 +56,7 @@ void bindSortKey(sqlite3_stmt* stmt, int index, const CEPROPVAL* sortValue) {
 
 DWORD RecordTable::read(CEOID oid, std::vector<CEPROPVAL>* props, int* rows) {
     props->clear();
+    props->reserve(kTypicalProperties);
     *rows = 0;
     SqlStatement* statement = m_volume.statement(kReadProps);
     if (statement == nullptr) {

@@ -11,6 +11,7 @@
 
 namespace {
 const char* const kBegin = "BEGIN IMMEDIATE";
+const char* const kBeginRead = "BEGIN";
 const char* const kCommit = "COMMIT";
 const char* const kRollback = "ROLLBACK";
 const char* const kHighestObjectId =
@@ -120,6 +121,7 @@ Volume::~Volume() {
     for (VolumeHandle* handle : handles) {
         handle->invalidate();
     }
+    releaseRead();
     m_statements.clear();
     sqlite3_close_v2(m_db);
 }
@@ -136,7 +138,27 @@ SqlStatement* Volume::statement(const char* sql) {
     return found->second.get();
 }
 
+void Volume::holdRead() {
+    if (!m_handles.empty() && sqlite3_get_autocommit(m_db) != 0) {
+        if (SqlStatement* statement = this->statement(kBeginRead)) {
+            SqlStatement::Scope scope(*statement);
+            statement->execute(); // if it fails, each read is its own transaction: slower, still right
+        }
+    }
+}
+
+void Volume::releaseRead() {
+    // Only ever called outside a write transaction: an open transaction here is a read one.
+    if (sqlite3_get_autocommit(m_db) == 0) {
+        if (SqlStatement* statement = this->statement(kCommit)) {
+            SqlStatement::Scope scope(*statement);
+            statement->execute();
+        }
+    }
+}
+
 DWORD Volume::begin() {
+    releaseRead();
     SqlStatement* statement = this->statement(kBegin);
     if (statement == nullptr) {
         return ERROR_BADDB;
@@ -194,6 +216,9 @@ void Volume::attach(VolumeHandle* handle) {
 
 void Volume::detach(VolumeHandle* handle) {
     m_handles.erase(handle);
+    if (m_handles.empty()) {
+        releaseRead();
+    }
 }
 
 void Volume::invalidateDatabase(CEOID oid) {

@@ -54,6 +54,12 @@ public:
     // The number of rows the last INSERT, UPDATE or DELETE changed.
     int changes() const { return sqlite3_changes(m_db); }
 
+    // While a handle is open on the volume, its reads share one read transaction, begun by the
+    // first of them and ended by the next write or when the last handle goes: a walk through a
+    // database then costs no lock and no snapshot check per record. (Writes made meanwhile by
+    // another process are seen from the next write or close on.)
+    void holdRead();
+
     // A new object id, never given out before on this volume; call inside a transaction.
     DWORD allocateObjectId(CEOID* oid);
 
@@ -67,6 +73,7 @@ private:
     DWORD begin();
     DWORD commit();
     void rollback();
+    void releaseRead();
 
     sqlite3* m_db;
     QString m_path;
