@@ -27,9 +27,7 @@ void GroupSets::fillIn(const QString& exercise, const QString& replaced) {
 
 GroupSets GroupSets::fromRecord(const DbRecord& record, const MuscleGroup& group) {
     GroupSets sets;
-    for (int row = 0; row < kRows; ++row) {
-        sets.at(row) = StrengthSet::fromRecord(record, group.setNumber(row));
-    }
+    StrengthSet::readSets(record, group.firstNumber(), sets.m_rows);
     return sets;
 }
 

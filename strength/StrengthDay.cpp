@@ -1,22 +1,19 @@
 #include "StrengthDay.h"
 
-namespace {
-bool holdsSet(const DbRecord& record, WORD number) {
-    const DbProp* exercise = record.find(number);
-    return exercise != nullptr && exercise->type() == CEVT_LPWSTR && !exercise->toText().isEmpty();
-}
-} // namespace
-
 StrengthDay::StrengthDay(const QDate& day, const DbRecord& a, const DbRecord* b)
     : m_header(WorkoutHeader::fromRecord(day, a)) {
-    for (WORD number = kFirstSlot; number <= kLastSlot; number += MuscleGroup::kPropsPerSet) {
-        const bool inB = number >= MuscleGroup::kFirstNumberOfB;
-        if (inB && b == nullptr) {
-            break;
-        }
-        const DbRecord& record = inB ? *b : a;
-        if (holdsSet(record, number)) {
-            addSlot(number, StrengthSet::fromRecord(record, number));
+    constexpr int kSlotsOfA = (MuscleGroup::kFirstNumberOfB - kFirstSlot) / MuscleGroup::kPropsPerSet;
+    constexpr int kSlots = (kLastSlot - kFirstSlot) / MuscleGroup::kPropsPerSet + 1;
+    std::array<StrengthSet, kSlots> slotSets;
+    const std::span<StrengthSet> all(slotSets);
+    StrengthSet::readSets(a, kFirstSlot, all.first(kSlotsOfA));
+    if (b != nullptr) {
+        StrengthSet::readSets(*b, MuscleGroup::kFirstNumberOfB, all.subspan(kSlotsOfA));
+    }
+    // A slot holds a set when its exercise is a non-empty text (any other type reads as empty).
+    for (int slot = 0; slot < kSlots; ++slot) {
+        if (slotSets[static_cast<size_t>(slot)].isRecorded()) {
+            addSlot(static_cast<WORD>(kFirstSlot + MuscleGroup::kPropsPerSet * slot), slotSets[static_cast<size_t>(slot)]);
         }
     }
 }

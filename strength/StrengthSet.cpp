@@ -1,12 +1,5 @@
 #include "StrengthSet.h"
 
-namespace {
-QString textAt(const DbRecord& record, WORD number) {
-    const DbProp* prop = record.find(number);
-    return prop != nullptr ? prop->toText() : QString();
-}
-} // namespace
-
 QString StrengthSet::weightText() const {
     return QString::asprintf("%.1f", weight);
 }
@@ -15,18 +8,26 @@ QString StrengthSet::intensityText() const {
     return QString::number(intensity);
 }
 
-StrengthSet StrengthSet::fromRecord(const DbRecord& record, WORD first) {
-    StrengthSet set;
-    set.exercise = textAt(record, first);
-    set.reps = textAt(record, first + kRepsOffset);
-    if (const DbProp* weight = record.find(first + kWeightOffset)) {
-        set.weight = weight->toDouble();
+void StrengthSet::readSets(const DbRecord& record, WORD first, std::span<StrengthSet> sets) {
+    constexpr int kFields = kIntensityOffset + 1;
+    const int count = static_cast<int>(sets.size()) * kFields;
+    // Like DbRecord::find, the first property of a number counts when two types share it.
+    std::vector<bool> taken(static_cast<size_t>(count), false);
+    for (const DbProp& prop : record.props()) {
+        const int offset = prop.number() - first;
+        if (offset < 0 || offset >= count || taken[static_cast<size_t>(offset)]) {
+            continue;
+        }
+        taken[static_cast<size_t>(offset)] = true;
+        StrengthSet& set = sets[static_cast<size_t>(offset / kFields)];
+        switch (offset % kFields) {
+        case 0: set.exercise = prop.toText(); break;
+        case kRepsOffset: set.reps = prop.toText(); break;
+        case kWeightOffset: set.weight = prop.toDouble(); break;
+        case kRestOffset: set.rest = prop.toText(); break;
+        default: set.intensity = static_cast<int>(prop.toInt()); break;
+        }
     }
-    set.rest = textAt(record, first + kRestOffset);
-    if (const DbProp* intensity = record.find(first + kIntensityOffset)) {
-        set.intensity = intensity->toInt();
-    }
-    return set;
 }
 
 void StrengthSet::appendTo(DbRecord& record, WORD first) const {

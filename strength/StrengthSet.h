@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <span>
+
 class StrengthSet {
 public:
     static constexpr WORD kRepsOffset = 1;
@@ -26,8 +28,9 @@ public:
     QString weightText() const;
     QString intensityText() const;
 
-    // The set whose first number is first; each missing property reads as empty or 0.
-    static StrengthSet fromRecord(const DbRecord& record, WORD first);
+    // The consecutive sets from number first on, each missing property read as empty or 0. One pass
+    // over record: a record holds a few hundred properties and a day or a group needs dozens of sets.
+    static void readSets(const DbRecord& record, WORD first, std::span<StrengthSet> sets);
     // Appends all five properties, empty ones included.
     void appendTo(DbRecord& record, WORD first) const;
 

@@ -30,14 +30,10 @@ public:
                    {db, keyOf(day), first, last})
             .toLongLong();
     }
+    // The value of the property of that number and type (invalid when the record lacks it).
     QVariant value(const QString& db, const QDate& day, int number, int type) const {
         return m_sql.value("SELECT value FROM props WHERE record = (" + kDayRecord + ") AND propid = ?",
                            {db, keyOf(day), propId(number, type)});
-    }
-    // The SQLite type of that value ("integer", "real", "text"; "null" when the record lacks it).
-    QString typeOf(const QString& db, const QDate& day, int number, int type) const {
-        return m_sql.typeOf("SELECT value FROM props WHERE record = (" + kDayRecord + ") AND propid = ?",
-                            {db, keyOf(day), propId(number, type)});
     }
 
 private:
