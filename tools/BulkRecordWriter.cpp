@@ -13,11 +13,14 @@ int bindValue(sqlite3_stmt* statement, int index, const DbProp& prop) {
     case CEVT_I2:
     case CEVT_UI2:
     case CEVT_I4:
-    case CEVT_BOOL: return sqlite3_bind_int64(statement, index, prop.toInt());
-    case CEVT_UI4: return sqlite3_bind_int64(statement, index, prop.toUInt());
+    case CEVT_BOOL:
+        return sqlite3_bind_int64(statement, index, prop.toInt());
+    case CEVT_UI4:
+        return sqlite3_bind_int64(statement, index, prop.toUInt());
     case CEVT_FILETIME:
         return sqlite3_bind_int64(statement, index, static_cast<sqlite3_int64>(fileTimeTicks(prop.toFileTime())));
-    case CEVT_R8: return sqlite3_bind_double(statement, index, prop.toDouble());
+    case CEVT_R8:
+        return sqlite3_bind_double(statement, index, prop.toDouble());
     case CEVT_LPWSTR: {
         // The text is converted to the volume's encoding while binding, so the temporary may go.
         const QString text = prop.toText();
@@ -30,7 +33,8 @@ int bindValue(sqlite3_stmt* statement, int index, const DbProp& prop) {
         const QByteArray blob = prop.toBlob();
         return sqlite3_bind_blob(statement, index, blob.constData(), static_cast<int>(blob.size()), SQLITE_TRANSIENT);
     }
-    default: return sqlite3_bind_null(statement, index);
+    default:
+        return sqlite3_bind_null(statement, index);
     }
 }
 } // namespace
@@ -72,11 +76,12 @@ bool BulkRecordWriter::open() {
         return fail(QStringLiteral("Cannot open"));
     }
     sqlite3_stmt* check = nullptr;
-    if (!prepare(&check, "SELECT (SELECT application_id FROM pragma_application_id), "
-                         "(SELECT user_version FROM pragma_user_version), "
-                         "(SELECT max(ifnull((SELECT max(oid) FROM records), 0), "
-                         "ifnull((SELECT max(oid) FROM databases), 0), "
-                         "ifnull((SELECT value FROM meta WHERE name = 'last_oid' AND typeof(value) = 'integer'), 0)))")) {
+    if (!prepare(&check,
+                 "SELECT (SELECT application_id FROM pragma_application_id), "
+                 "(SELECT user_version FROM pragma_user_version), "
+                 "(SELECT max(ifnull((SELECT max(oid) FROM records), 0), "
+                 "ifnull((SELECT max(oid) FROM databases), 0), "
+                 "ifnull((SELECT value FROM meta WHERE name = 'last_oid' AND typeof(value) = 'integer'), 0)))")) {
         return false;
     }
     const bool isVolume = sqlite3_step(check) == SQLITE_ROW && sqlite3_column_int(check, 0) == kApplicationId &&

@@ -11,7 +11,7 @@
 #include <algorithm>
 
 namespace {
-constexpr UserDatabase kLogs[] = {UserDatabase::UpperA, UserDatabase::UpperB, UserDatabase::LowerA,
+constexpr UserDatabase kLogs[] = {UserDatabase::UpperA, UserDatabase::UpperB,  UserDatabase::LowerA,
                                   UserDatabase::LowerB, UserDatabase::Aerobic, UserDatabase::Food};
 
 // The same properties, in whatever order (a read returns them in ascending id order).
@@ -142,8 +142,8 @@ bool DeviceGenerator::verify() {
             const QString name = DatabaseCatalogue::userDatabaseName(which, userName(user));
             RecordDatabase db;
             DbRecord read;
-            const bool found = db.Open(name, DayKey::kPropId) && db.SeekFirstEqual(DayKey::prop(m_last)) != 0 &&
-                               db.ReadCurrent(read);
+            const bool found =
+                db.Open(name, DayKey::kPropId) && db.SeekFirstEqual(DayKey::prop(m_last)) != 0 && db.ReadCurrent(read);
             if (!found || db.recordCount() != static_cast<DWORD>(dayCount() + 1)) {
                 return fail(QStringLiteral("The generated database %1 does not read back.").arg(name));
             }
@@ -163,12 +163,18 @@ std::uint64_t DeviceGenerator::recordSeed(UserDatabase which, int user, const QD
 DbRecord DeviceGenerator::record(UserDatabase which, int user, const QDate& day) const {
     SeededRandom random(recordSeed(which, user, day));
     switch (which) {
-    case UserDatabase::UpperA: return SampleRecords::strengthA(true, day, random);
-    case UserDatabase::UpperB: return SampleRecords::strengthB(true, day, random);
-    case UserDatabase::LowerA: return SampleRecords::strengthA(false, day, random);
-    case UserDatabase::LowerB: return SampleRecords::strengthB(false, day, random);
-    case UserDatabase::Aerobic: return SampleRecords::aerobic(day, random);
-    case UserDatabase::Food: return SampleRecords::food(day, random);
+    case UserDatabase::UpperA:
+        return SampleRecords::strengthA(true, day, random);
+    case UserDatabase::UpperB:
+        return SampleRecords::strengthB(true, day, random);
+    case UserDatabase::LowerA:
+        return SampleRecords::strengthA(false, day, random);
+    case UserDatabase::LowerB:
+        return SampleRecords::strengthB(false, day, random);
+    case UserDatabase::Aerobic:
+        return SampleRecords::aerobic(day, random);
+    case UserDatabase::Food:
+        return SampleRecords::food(day, random);
     }
     return {};
 }

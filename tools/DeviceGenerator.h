@@ -19,10 +19,10 @@
 class DeviceGenerator {
 public:
     struct Options {
-        QString device;       // the device folder; created when missing
-        int users = 3;        // "Default", then "Ann", "Bob", ...
-        int years = 10;       // the period ends on `end` and starts `years` years earlier, the day after
-        QDate end;            // invalid: today
+        QString device; // the device folder; created when missing
+        int users = 3;  // "Default", then "Ann", "Bob", ...
+        int years = 10; // the period ends on `end` and starts `years` years earlier, the day after
+        QDate end;      // invalid: today
         std::uint64_t seed = 1;
     };
 

@@ -9,11 +9,11 @@
 
 namespace StrengthLayout {
 // The A record's workout header.
-constexpr WORD kStartHour = 102;      // I2, 0-23
-constexpr WORD kStartMinute = 103;    // I2, 0-59
-constexpr WORD kElapsedMinutes = 104; // I2, 0-1439
-constexpr WORD kCompleted = 105;      // UI2, 0 or 1
-constexpr WORD kNotes = 1132;         // LPWSTR
+constexpr WORD kStartHour = 102;       // I2, 0-23
+constexpr WORD kStartMinute = 103;     // I2, 0-59
+constexpr WORD kElapsedMinutes = 104;  // I2, 0-1439
+constexpr WORD kCompleted = 105;       // UI2, 0 or 1
+constexpr WORD kNotes = 1132;          // LPWSTR
 constexpr WORD kElapsedSeconds = 1133; // I2, 0-59
 
 constexpr int kGroupCount = 6;
@@ -24,7 +24,9 @@ constexpr int kPropsPerGroup = kSetsPerGroup * kPropsPerSet;
 constexpr int kFirstGroupOfB = 2;
 
 // The first property of set (0-11) of group (0-5); the set's five properties follow it.
-constexpr WORD setBase(int group, int set) { return static_cast<WORD>(106 + 100 * group + kPropsPerSet * set); }
+constexpr WORD setBase(int group, int set) {
+    return static_cast<WORD>(106 + 100 * group + kPropsPerSet * set);
+}
 constexpr WORD kExerciseOffset = 0;  // LPWSTR; empty: no set in this slot
 constexpr WORD kRepsOffset = 1;      // LPWSTR
 constexpr WORD kWeightOffset = 2;    // R8
@@ -52,7 +54,9 @@ constexpr WORD kRestingHeartRate = 1156; // I2
 constexpr int kMealSlots = 15;
 // Slot k (0-14) starts at mealBase(k): its time (FILETIME on the reference day) at +0, nothing at +1,
 // then the protein, carbohydrate, vegetable and other items (LPWSTR) at +2 to +5.
-constexpr WORD mealBase(int slot) { return static_cast<WORD>(1010 + 6 * slot); }
+constexpr WORD mealBase(int slot) {
+    return static_cast<WORD>(1010 + 6 * slot);
+}
 constexpr WORD kMealTimeOffset = 0;
 constexpr WORD kProteinOffset = 2;
 constexpr WORD kCarbOffset = 3;

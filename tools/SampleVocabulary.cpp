@@ -35,9 +35,9 @@ const QStringList& SampleVocabulary::carbohydrates() {
 }
 
 const QStringList& SampleVocabulary::vegetables() {
-    static const QStringList items = {"Broccoli", "Asparagus", "Lettuce", "Salad", "Carrots",          "Cauliflower",
-                                      "Green Beans", "Spinach", "Tomato", "Peas",  "Brussels Sprouts", "Celery",
-                                      "Zucchini"};
+    static const QStringList items = {"Broccoli",         "Asparagus",   "Lettuce", "Salad",  "Carrots",
+                                      "Cauliflower",      "Green Beans", "Spinach", "Tomato", "Peas",
+                                      "Brussels Sprouts", "Celery",      "Zucchini"};
     return items;
 }
 
@@ -57,7 +57,7 @@ const QStringList& SampleVocabulary::courses() {
 }
 
 const QStringList& SampleVocabulary::notes() {
-    static const QStringList items = {"<Click to add Notes>", "Felt strong today", "Tired, short on sleep",
+    static const QStringList items = {"<Click to add Notes>", "Felt strong today",  "Tired, short on sleep",
                                       "New personal best",    "Cut short: no time", "Easy day",
                                       "Shoulder a bit sore",  "Great pump"};
     return items;

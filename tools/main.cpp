@@ -26,8 +26,8 @@ int main(int argc, char* argv[]) {
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("kovalin-devicegen"));
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Builds a Kovalin device whose users have a record on every day of the period in all six logs."));
+    parser.setApplicationDescription(QStringLiteral(
+        "Builds a Kovalin device whose users have a record on every day of the period in all six logs."));
     parser.addHelpOption();
     parser.addOptions({
         {"device", "The device folder to build (it must not hold an object store yet).", "DIR"},
@@ -68,7 +68,7 @@ int main(int argc, char* argv[]) {
     std::printf("%s: users %s, %s to %s, %lld records, %lld properties, %.1f s\n", qPrintable(options.device),
                 qPrintable(generator.userNames().join(", ")), qPrintable(generator.firstDay().toString(Qt::ISODate)),
                 qPrintable(generator.lastDay().toString(Qt::ISODate)),
-                static_cast<long long>(generator.recordsWritten()), static_cast<long long>(generator.propertiesWritten()),
-                timer.elapsed() / 1000.0);
+                static_cast<long long>(generator.recordsWritten()),
+                static_cast<long long>(generator.propertiesWritten()), timer.elapsed() / 1000.0);
     return 0;
 }

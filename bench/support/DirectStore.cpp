@@ -3,27 +3,24 @@
 #include <sqlite3.h>
 
 namespace {
-template <class... Ts>
-struct Overloaded : Ts... {
-    using Ts::operator()...;
-};
+template <class... Ts> struct Overloaded : Ts... { using Ts::operator()...; };
 
 int bindValue(sqlite3_stmt* statement, int index, const DirectProp& prop) {
-    return std::visit(
-        Overloaded{
-            [&](std::monostate) { return sqlite3_bind_null(statement, index); },
-            [&](std::int64_t v) { return sqlite3_bind_int64(statement, index, v); },
-            [&](double v) { return sqlite3_bind_double(statement, index, v); },
-            [&](const QString& v) {
-                return v.isEmpty() ? sqlite3_bind_text(statement, index, "", 0, SQLITE_STATIC)
-                                   : sqlite3_bind_text16(statement, index, v.utf16(), static_cast<int>(v.size() * 2),
-                                                         SQLITE_STATIC);
-            },
-            [&](const QByteArray& v) {
-                return sqlite3_bind_blob(statement, index, v.constData(), static_cast<int>(v.size()), SQLITE_STATIC);
-            },
-        },
-        prop.value);
+    return std::visit(Overloaded{
+                          [&](std::monostate) { return sqlite3_bind_null(statement, index); },
+                          [&](std::int64_t v) { return sqlite3_bind_int64(statement, index, v); },
+                          [&](double v) { return sqlite3_bind_double(statement, index, v); },
+                          [&](const QString& v) {
+                              return v.isEmpty() ? sqlite3_bind_text(statement, index, "", 0, SQLITE_STATIC)
+                                                 : sqlite3_bind_text16(statement, index, v.utf16(),
+                                                                       static_cast<int>(v.size() * 2), SQLITE_STATIC);
+                          },
+                          [&](const QByteArray& v) {
+                              return sqlite3_bind_blob(statement, index, v.constData(), static_cast<int>(v.size()),
+                                                       SQLITE_STATIC);
+                          },
+                      },
+                      prop.value);
 }
 } // namespace
 
@@ -96,8 +93,12 @@ DirectProp DirectStore::column(sqlite3_stmt* statement, int idColumn) {
     prop.id = static_cast<CEPROPID>(sqlite3_column_int64(statement, idColumn));
     const int valueColumn = idColumn + 1;
     switch (sqlite3_column_type(statement, valueColumn)) {
-    case SQLITE_INTEGER: prop.value = static_cast<std::int64_t>(sqlite3_column_int64(statement, valueColumn)); break;
-    case SQLITE_FLOAT: prop.value = sqlite3_column_double(statement, valueColumn); break;
+    case SQLITE_INTEGER:
+        prop.value = static_cast<std::int64_t>(sqlite3_column_int64(statement, valueColumn));
+        break;
+    case SQLITE_FLOAT:
+        prop.value = sqlite3_column_double(statement, valueColumn);
+        break;
     case SQLITE_TEXT:
         prop.value = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, valueColumn)),
                                        sqlite3_column_bytes(statement, valueColumn));
@@ -106,7 +107,8 @@ DirectProp DirectStore::column(sqlite3_stmt* statement, int idColumn) {
         prop.value = QByteArray(static_cast<const char*>(sqlite3_column_blob(statement, valueColumn)),
                                 sqlite3_column_bytes(statement, valueColumn));
         break;
-    default: break;
+    default:
+        break;
     }
     return prop;
 }
@@ -172,12 +174,24 @@ DirectRecord DirectStore::fromRecord(const DbRecord& record) {
         DirectProp direct;
         direct.id = prop.id();
         switch (prop.type()) {
-        case CEVT_R8: direct.value = prop.toDouble(); break;
-        case CEVT_LPWSTR: direct.value = prop.toText(); break;
-        case CEVT_BLOB: direct.value = prop.toBlob(); break;
-        case CEVT_FILETIME: direct.value = static_cast<std::int64_t>(fileTimeTicks(prop.toFileTime())); break;
-        case CEVT_UI4: direct.value = static_cast<std::int64_t>(prop.toUInt()); break;
-        default: direct.value = static_cast<std::int64_t>(prop.toInt()); break;
+        case CEVT_R8:
+            direct.value = prop.toDouble();
+            break;
+        case CEVT_LPWSTR:
+            direct.value = prop.toText();
+            break;
+        case CEVT_BLOB:
+            direct.value = prop.toBlob();
+            break;
+        case CEVT_FILETIME:
+            direct.value = static_cast<std::int64_t>(fileTimeTicks(prop.toFileTime()));
+            break;
+        case CEVT_UI4:
+            direct.value = static_cast<std::int64_t>(prop.toUInt());
+            break;
+        default:
+            direct.value = static_cast<std::int64_t>(prop.toInt());
+            break;
         }
         props.push_back(direct);
     }

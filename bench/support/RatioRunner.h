@@ -22,8 +22,8 @@ public:
 
     // A ratio to report: the store case's time over the baseline case's, named after the cases'
     // registered names.
-    void addRatio(const std::string& name, const std::string& storeCase, const std::string& baselineCase,
-                  Clock clock, double limit);
+    void addRatio(const std::string& name, const std::string& storeCase, const std::string& baselineCase, Clock clock,
+                  double limit);
     // Runs the registered cases; 0 on success, 1 when a case failed or (with --check) a ratio is
     // over its limit, 2 for an unknown argument.
     int run();
