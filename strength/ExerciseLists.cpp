@@ -14,10 +14,8 @@ const RegionLists kUpper = {{
     {"KovChestList", {"Dumbbell Bench Press", "Incline Dumbbell Press", "Dumbbell Flyes", "Barbell Bench Press"}},
     {"KovShldrList", {"Seated Dumbbell Press", "Standing Barbell Press", "Side Raises", "Bent Over Raises"}},
     {"KovBackList", {"Wide Grip Pulldowns", "One Arm Rows", "Reverse Grip Pulldowns", "Dumbbell Pullovers"}},
-    {"KovTricepsList",
-     {"Dumbbell Extensions", "Close Grip Pushdowns", "Bench Dips", "Lying Dumbbell Extensions"}},
-    {"KovBicepsList",
-     {"Incline Dumbbell Curls", "Seated Dumbbell Curls", "Standing Barbell Curls", "Hammer Curls"}},
+    {"KovTricepsList", {"Dumbbell Extensions", "Close Grip Pushdowns", "Bench Dips", "Lying Dumbbell Extensions"}},
+    {"KovBicepsList", {"Incline Dumbbell Curls", "Seated Dumbbell Curls", "Standing Barbell Curls", "Hammer Curls"}},
     {"MiscUpperList", {}},
 }};
 

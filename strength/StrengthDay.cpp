@@ -13,7 +13,8 @@ StrengthDay::StrengthDay(const QDate& day, const DbRecord& a, const DbRecord* b)
     // A slot holds a set when its exercise is a non-empty text (any other type reads as empty).
     for (int slot = 0; slot < kSlots; ++slot) {
         if (slotSets[static_cast<size_t>(slot)].isRecorded()) {
-            addSlot(static_cast<WORD>(kFirstSlot + MuscleGroup::kPropsPerSet * slot), slotSets[static_cast<size_t>(slot)]);
+            addSlot(static_cast<WORD>(kFirstSlot + MuscleGroup::kPropsPerSet * slot),
+                    slotSets[static_cast<size_t>(slot)]);
         }
     }
 }

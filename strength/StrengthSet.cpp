@@ -21,11 +21,21 @@ void StrengthSet::readSets(const DbRecord& record, WORD first, std::span<Strengt
         taken[static_cast<size_t>(offset)] = true;
         StrengthSet& set = sets[static_cast<size_t>(offset / kFields)];
         switch (offset % kFields) {
-        case 0: set.exercise = prop.toText(); break;
-        case kRepsOffset: set.reps = prop.toText(); break;
-        case kWeightOffset: set.weight = prop.toDouble(); break;
-        case kRestOffset: set.rest = prop.toText(); break;
-        default: set.intensity = static_cast<int>(prop.toInt()); break;
+        case 0:
+            set.exercise = prop.toText();
+            break;
+        case kRepsOffset:
+            set.reps = prop.toText();
+            break;
+        case kWeightOffset:
+            set.weight = prop.toDouble();
+            break;
+        case kRestOffset:
+            set.rest = prop.toText();
+            break;
+        default:
+            set.intensity = static_cast<int>(prop.toInt());
+            break;
         }
     }
 }

@@ -12,11 +12,11 @@
 
 class WorkoutHeader {
 public:
-    static constexpr WORD kStartHour = 102;      // I2, 0-23
-    static constexpr WORD kStartMinute = 103;    // I2, 0-59
-    static constexpr WORD kElapsedMinutes = 104; // I2, 0-1439
-    static constexpr WORD kCompleted = 105;      // UI2, 0 or 1
-    static constexpr WORD kNotes = 1132;         // LPWSTR
+    static constexpr WORD kStartHour = 102;       // I2, 0-23
+    static constexpr WORD kStartMinute = 103;     // I2, 0-59
+    static constexpr WORD kElapsedMinutes = 104;  // I2, 0-1439
+    static constexpr WORD kCompleted = 105;       // UI2, 0 or 1
+    static constexpr WORD kNotes = 1132;          // LPWSTR
     static constexpr WORD kElapsedSeconds = 1133; // I2, 0-59, may be absent
     static inline const QString kNotesPlaceholder = QStringLiteral("<Click to add Notes>");
 

@@ -32,7 +32,8 @@ TEST(ExerciseLists, EachGroupHasItsListWithItsDefaultsAddedOnceInOrder) {
 
     const auto abs = *MuscleGroup::fromCode(1204);
     ASSERT_TRUE(ExerciseLists::load(abs));
-    EXPECT_EQ(itemsInAddedOrder(sql, "KovAbsList"), "Floor Crunches|Twist Crunches|Decline Sit Ups|Bent Knee Leg Raises");
+    EXPECT_EQ(itemsInAddedOrder(sql, "KovAbsList"),
+              "Floor Crunches|Twist Crunches|Decline Sit Ups|Bent Knee Leg Raises");
     for (int code : {1106, 1205, 1206}) {
         EXPECT_EQ(ExerciseLists::load(*MuscleGroup::fromCode(code)), QStringList()) << code;
     }

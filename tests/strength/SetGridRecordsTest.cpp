@@ -83,12 +83,17 @@ TEST_F(SetGridRecordsTest, ChangingTheFirstExercisePullsTheLastSetsItLedOrFillsI
 
     GroupSets sets = rows({{"Barbell Squats", "5"}});
     sets.at(0).exercise = "Dumbbell Flyes";
-    EXPECT_FALSE(m_grid.firstExerciseChanged(kToday, kQuads, sets, "Barbell Squats", PullSettings::fromStored(0, 0, 1)));
+    EXPECT_FALSE(
+        m_grid.firstExerciseChanged(kToday, kQuads, sets, "Barbell Squats", PullSettings::fromStored(0, 0, 1)));
     EXPECT_TRUE(m_grid.firstExerciseChanged(kToday, kQuads, sets, "Barbell Squats", pullWt));
     EXPECT_EQ(sets, flyesLed);
 
     // Never done first before: rows 2 to 5 that are empty or held the replaced exercise take it.
-    sets = rows({{"Leg Press", "5"}, {"Leg Press", "5"}, {"Knee Extensions", "8"}, {"", ""}, {"Leg Press", "5"},
+    sets = rows({{"Leg Press", "5"},
+                 {"Leg Press", "5"},
+                 {"Knee Extensions", "8"},
+                 {"", ""},
+                 {"Leg Press", "5"},
                  {"Leg Press", "5"}});
     sets.at(0).exercise = "Hack Squats";
     GroupSets expected = sets;
@@ -98,7 +103,8 @@ TEST_F(SetGridRecordsTest, ChangingTheFirstExercisePullsTheLastSetsItLedOrFillsI
     EXPECT_TRUE(m_grid.firstExerciseChanged(kToday, kQuads, sets, "Leg Press", pullWt));
     EXPECT_EQ(sets, expected);
     GroupSets unchanged = expected;
-    EXPECT_FALSE(m_grid.firstExerciseChanged(kToday, kQuads, unchanged, "Leg Press", PullSettings::fromStored(0, 1, 0)));
+    EXPECT_FALSE(
+        m_grid.firstExerciseChanged(kToday, kQuads, unchanged, "Leg Press", PullSettings::fromStored(0, 1, 0)));
     EXPECT_EQ(unchanged, expected);
     EXPECT_TRUE(m_boxes.texts().isEmpty());
 }

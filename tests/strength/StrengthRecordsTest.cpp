@@ -1,5 +1,5 @@
-#include "StoredStrength.h"
 #include "StrengthRecords.h"
+#include "StoredStrength.h"
 #include "TestDevice.h"
 
 #include "Clock.h"
