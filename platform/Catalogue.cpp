@@ -21,8 +21,7 @@ DWORD checkNewDatabase(const CEDBASEINFO& info) {
     if (info.wNumSortOrder == 1) {
         const SORTORDERSPEC& sort = info.rgSortSpecs[0];
         // One ascending order, case-sensitive: what the records_in_order index keeps.
-        if (!PropertyCodec::isKnownType(TypeFromPropID(sort.propid)) ||
-            (sort.dwFlags & ~CEDB_SORT_UNKNOWNFIRST) != 0) {
+        if (!PropertyCodec::isKnownType(TypeFromPropID(sort.propid)) || (sort.dwFlags & ~CEDB_SORT_UNKNOWNFIRST) != 0) {
             return ERROR_INVALID_PARAMETER;
         }
     }

@@ -72,15 +72,15 @@ constexpr DWORD OPEN_ALWAYS = 4;
 // One property value. On the device this is a union; here every member exists and the one that
 // the property's type (the low word of propid) names is the one that counts.
 struct CEVALUNION {
-    std::int16_t iVal = 0;   // CEVT_I2
-    WORD uiVal = 0;          // CEVT_UI2
-    LONG lVal = 0;           // CEVT_I4
-    DWORD ulVal = 0;         // CEVT_UI4
-    FILETIME filetime;       // CEVT_FILETIME
-    QString lpwstr;          // CEVT_LPWSTR
-    QByteArray blob;         // CEVT_BLOB
-    BOOL boolVal = FALSE;    // CEVT_BOOL
-    double dblVal = 0.0;     // CEVT_R8
+    std::int16_t iVal = 0; // CEVT_I2
+    WORD uiVal = 0;        // CEVT_UI2
+    LONG lVal = 0;         // CEVT_I4
+    DWORD ulVal = 0;       // CEVT_UI4
+    FILETIME filetime;     // CEVT_FILETIME
+    QString lpwstr;        // CEVT_LPWSTR
+    QByteArray blob;       // CEVT_BLOB
+    BOOL boolVal = FALSE;  // CEVT_BOOL
+    double dblVal = 0.0;   // CEVT_R8
 };
 
 struct CEPROPVAL {
@@ -101,7 +101,7 @@ struct SORTORDERSPEC {
 struct CEDBASEINFO {
     QString szDbaseName;
     DWORD dwDbaseType = 0;
-    WORD wNumRecords = 0; // reported by CeOidGetInfoEx; saturates at 65535 as on the device
+    WORD wNumRecords = 0;   // reported by CeOidGetInfoEx; saturates at 65535 as on the device
     DWORD dwNumRecords = 0; // the exact count (our addition: the device's WORD can overflow)
     WORD wNumSortOrder = 0;
     SORTORDERSPEC rgSortSpecs[CEDB_MAXSORTORDER];

@@ -74,8 +74,7 @@ void PropertyCodec::bind(sqlite3_stmt* stmt, int index, const CEPROPVAL& value) 
         static const char16_t empty = 0;
         const QString& text = value.val.lpwstr;
         sqlite3_bind_text16(stmt, index, text.isEmpty() ? static_cast<const void*>(&empty) : text.utf16(),
-                            static_cast<int>(text.size() * 2),
-                            SQLITE_STATIC);
+                            static_cast<int>(text.size() * 2), SQLITE_STATIC);
     } else if (type == CEVT_BLOB) {
         const QByteArray& bytes = value.val.blob;
         if (bytes.isEmpty()) {

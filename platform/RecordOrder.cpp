@@ -8,9 +8,9 @@
 namespace {
 // The SQL of one segment, walked forward (ascending) or backward.
 struct SegmentSql {
-    std::string first[2];     // from the segment's start, skipping ?2 records
-    std::string after[2];     // beyond the position (?3 sort key, ?4 oid), skipping ?2 records
-    std::string countAll;     // every record of the segment
+    std::string first[2]; // from the segment's start, skipping ?2 records
+    std::string after[2]; // beyond the position (?3 sort key, ?4 oid), skipping ?2 records
+    std::string countAll; // every record of the segment
     std::string countAfter[2];
 };
 
@@ -34,8 +34,8 @@ SegmentSql makeSegment(const char* filter, const char* forwardBound, const char*
 
 // Indexed by RecordOrder::Segment. Static storage: the strings' addresses are the statement cache keys.
 const SegmentSql kSegments[3] = {
-    makeSegment("sort_key IS NOT NULL", "(sort_key, oid) > (?3, ?4)", "(sort_key, oid) < (?3, ?4)",
-                "sort_key, oid", "sort_key DESC, oid DESC"),
+    makeSegment("sort_key IS NOT NULL", "(sort_key, oid) > (?3, ?4)", "(sort_key, oid) < (?3, ?4)", "sort_key, oid",
+                "sort_key DESC, oid DESC"),
     makeSegment("sort_key IS NULL", "sort_key IS NULL AND oid > ?4", "sort_key IS NULL AND oid < ?4", "oid",
                 "oid DESC"),
     makeSegment("", "oid > ?4", "oid < ?4", "oid", "oid DESC"),
@@ -58,8 +58,8 @@ RecordOrder::RecordOrder(Volume& volume, CEOID database, bool sorted, bool unkno
     : m_volume(volume), m_database(database), m_sorted(sorted), m_segments{Segment::All, Segment::All},
       m_segmentCount(sorted ? 2 : 1) {
     if (sorted) {
-        m_segments = unknownFirst ? std::array{Segment::Unknown, Segment::Known}
-                                  : std::array{Segment::Known, Segment::Unknown};
+        m_segments =
+            unknownFirst ? std::array{Segment::Unknown, Segment::Known} : std::array{Segment::Known, Segment::Unknown};
     }
 }
 
@@ -119,8 +119,7 @@ DWORD RecordOrder::count(const char* sql, const Position* from, std::uint64_t* c
     return error;
 }
 
-DWORD RecordOrder::step(const Position* from, bool forward, std::uint64_t skip,
-                        std::optional<Position>* found) const {
+DWORD RecordOrder::step(const Position* from, bool forward, std::uint64_t skip, std::optional<Position>* found) const {
     found->reset();
     // The segments in the direction of travel, starting with the one the walk starts in.
     std::array<Segment, 2> segments = m_segments;

@@ -21,10 +21,10 @@ bool isDeletion(const CEPROPVAL& prop) {
 
 DWORD checkProps(const std::vector<CEPROPVAL>& props) {
     for (const CEPROPVAL& prop : props) {
-        const DWORD error = isDeletion(prop) ? (PropertyCodec::isKnownType(TypeFromPropID(prop.propid))
-                                                    ? ERROR_SUCCESS
-                                                    : ERROR_INVALID_PARAMETER)
-                                             : PropertyCodec::check(prop);
+        const DWORD error =
+            isDeletion(prop)
+                ? (PropertyCodec::isKnownType(TypeFromPropID(prop.propid)) ? ERROR_SUCCESS : ERROR_INVALID_PARAMETER)
+                : PropertyCodec::check(prop);
         if (error != ERROR_SUCCESS) {
             return error;
         }
@@ -83,8 +83,7 @@ DWORD RecordTable::read(CEOID oid, std::vector<CEPROPVAL>* props, int* rows) {
     return SqlStatement::errorFor(result);
 }
 
-DWORD RecordTable::write(const DatabaseInfo& database, CEOID oid, const std::vector<CEPROPVAL>& props,
-                         CEOID* written) {
+DWORD RecordTable::write(const DatabaseInfo& database, CEOID oid, const std::vector<CEPROPVAL>& props, CEOID* written) {
     *written = 0;
     DWORD error = checkProps(props);
     if (error != ERROR_SUCCESS) {
@@ -93,8 +92,7 @@ DWORD RecordTable::write(const DatabaseInfo& database, CEOID oid, const std::vec
     const CEPROPVAL* sortValue = sortProperty(database, props);
     CEOID record = oid;
     error = m_volume.transaction([&] {
-        DWORD result =
-            oid == 0 ? addRecord(database, sortValue, &record) : updateRecord(database, oid, sortValue);
+        DWORD result = oid == 0 ? addRecord(database, sortValue, &record) : updateRecord(database, oid, sortValue);
         for (auto prop = props.begin(); result == ERROR_SUCCESS && prop != props.end(); ++prop) {
             result = writeProperty(record, *prop);
         }

@@ -138,8 +138,7 @@ DWORD RegistryStore::adoptKeysOfValues() {
     return error;
 }
 
-DWORD RegistryStore::createKey(const QString& parent, const QStringList& components, QString* path,
-                               bool* created) {
+DWORD RegistryStore::createKey(const QString& parent, const QStringList& components, QString* path, bool* created) {
     *created = false;
     *path = parent;
     return m_volume.transaction([&] {

@@ -36,8 +36,8 @@ bool removeVolumeFiles(const QString& path) {
 }
 
 sqlite3* openConnection(const QString& path, bool create, DWORD* error) {
-    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE |
-                      (create ? SQLITE_OPEN_CREATE : 0);
+    const int flags =
+        SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE | (create ? SQLITE_OPEN_CREATE : 0);
     sqlite3* db = nullptr;
     const int result = sqlite3_open_v2(QFile::encodeName(path).constData(), &db, flags, nullptr);
     *error = result == SQLITE_OK ? VolumeFormat::harden(db) : SqlStatement::errorFor(result);

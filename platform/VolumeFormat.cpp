@@ -82,7 +82,8 @@ const std::array<Table, 3> kTables = {{
        {"sort_propid", "INTEGER", false, false},
        {"sort_flags", "INTEGER", true, false}}},
      5},
-    {"records", {{{"oid", "INTEGER", false, true}, {"db", "INTEGER", true, false}, {"sort_key", "ANY", false, false}}},
+    {"records",
+     {{{"oid", "INTEGER", false, true}, {"db", "INTEGER", true, false}, {"sort_key", "ANY", false, false}}},
      3},
     {"props",
      {{{"record", "INTEGER", true, true}, {"propid", "INTEGER", true, true}, {"value", "ANY", false, false}}},
@@ -121,8 +122,8 @@ bool hasColumns(sqlite3* db, const Table& table) {
         int notNull = 0;
         int primaryKey = 0;
         int autoIncrement = 0;
-        if (sqlite3_table_column_metadata(db, "main", table.name, column.name, &type, &collation, &notNull,
-                                          &primaryKey, &autoIncrement) != SQLITE_OK ||
+        if (sqlite3_table_column_metadata(db, "main", table.name, column.name, &type, &collation, &notNull, &primaryKey,
+                                          &autoIncrement) != SQLITE_OK ||
             !sameText(type, column.type) || !sameText(collation, "BINARY") || (notNull != 0) != column.notNull ||
             (primaryKey != 0) != column.primaryKey) {
             return false;
@@ -188,8 +189,8 @@ bool hasValidObjectIds(sqlite3* db) {
 }
 
 bool passesCheck(sqlite3* db, VolumeFormat::Depth depth) {
-    SqlStatement statement(db, depth == VolumeFormat::Depth::Full ? "PRAGMA integrity_check(1)"
-                                                                  : "PRAGMA quick_check(1)");
+    SqlStatement statement(db,
+                           depth == VolumeFormat::Depth::Full ? "PRAGMA integrity_check(1)" : "PRAGMA quick_check(1)");
     if (!statement.isValid() || statement.step() != SQLITE_ROW) {
         return false;
     }
@@ -215,9 +216,9 @@ DWORD VolumeFormat::create(sqlite3* db, bool withRegistry) {
     if (error != ERROR_SUCCESS) {
         return error;
     }
-    const std::string script = std::string("BEGIN IMMEDIATE;") + "PRAGMA application_id = " +
-                               std::to_string(kApplicationId) + ";" + "PRAGMA user_version = " +
-                               std::to_string(kUserVersion) + ";" + kSchema + kAdditions +
+    const std::string script = std::string("BEGIN IMMEDIATE;") +
+                               "PRAGMA application_id = " + std::to_string(kApplicationId) + ";" +
+                               "PRAGMA user_version = " + std::to_string(kUserVersion) + ";" + kSchema + kAdditions +
                                (withRegistry ? kRegistrySchema : "") + "COMMIT;";
     error = exec(db, script.c_str());
     if (error != ERROR_SUCCESS) {
@@ -237,8 +238,8 @@ VolumeFormat::Kind VolumeFormat::inspect(sqlite3* db, Depth depth) {
     if (applicationId == 0 && userVersion == 0 && objects == 0) {
         return passesCheck(db, Depth::Full) ? Kind::Blank : Kind::NotAVolume;
     }
-    if (applicationId != kApplicationId || userVersion != kUserVersion || !passesCheck(db, depth) ||
-        !hasTables(db) || !hasValidCatalogue(db) || !hasValidObjectIds(db)) {
+    if (applicationId != kApplicationId || userVersion != kUserVersion || !passesCheck(db, depth) || !hasTables(db) ||
+        !hasValidCatalogue(db) || !hasValidObjectIds(db)) {
         return Kind::NotAVolume;
     }
     return Kind::Volume;

@@ -28,8 +28,8 @@ Volume* VolumeTable::find(const CEGUID* guid) const {
     if (guid == nullptr) {
         return nullptr;
     }
-    const auto found = std::find_if(m_entries.begin(), m_entries.end(),
-                                    [guid](const Entry& entry) { return entry.guid == *guid; });
+    const auto found =
+        std::find_if(m_entries.begin(), m_entries.end(), [guid](const Entry& entry) { return entry.guid == *guid; });
     return found != m_entries.end() ? found->volume.get() : nullptr;
 }
 

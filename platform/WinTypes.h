@@ -17,9 +17,15 @@ using CEPROPID = DWORD;
 constexpr BOOL TRUE = 1;
 constexpr BOOL FALSE = 0;
 
-constexpr WORD LOWORD(DWORD v) { return static_cast<WORD>(v & 0xFFFF); }
-constexpr WORD HIWORD(DWORD v) { return static_cast<WORD>(v >> 16); }
-constexpr DWORD MAKELONG(WORD low, WORD high) { return static_cast<DWORD>(low) | (static_cast<DWORD>(high) << 16); }
+constexpr WORD LOWORD(DWORD v) {
+    return static_cast<WORD>(v & 0xFFFF);
+}
+constexpr WORD HIWORD(DWORD v) {
+    return static_cast<WORD>(v >> 16);
+}
+constexpr DWORD MAKELONG(WORD low, WORD high) {
+    return static_cast<DWORD>(low) | (static_cast<DWORD>(high) << 16);
+}
 
 struct FILETIME {
     DWORD dwLowDateTime = 0;
@@ -37,7 +43,7 @@ constexpr FILETIME fileTimeFromTicks(std::uint64_t ticks) {
 
 struct SYSTEMTIME {
     WORD wYear = 0;
-    WORD wMonth = 0; // 1-12
+    WORD wMonth = 0;     // 1-12
     WORD wDayOfWeek = 0; // 0 = Sunday
     WORD wDay = 0;
     WORD wHour = 0;
@@ -58,8 +64,12 @@ constexpr WORD CEVT_LPWSTR = 31;
 constexpr WORD CEVT_FILETIME = 64;
 constexpr WORD CEVT_BLOB = 65;
 
-constexpr CEPROPID PROP_TAG(WORD type, WORD number) { return MAKELONG(type, number); }
-constexpr WORD TypeFromPropID(CEPROPID id) { return LOWORD(id); }
+constexpr CEPROPID PROP_TAG(WORD type, WORD number) {
+    return MAKELONG(type, number);
+}
+constexpr WORD TypeFromPropID(CEPROPID id) {
+    return LOWORD(id);
+}
 
 // Error codes, as GetLastError reports them.
 constexpr DWORD ERROR_SUCCESS = 0;

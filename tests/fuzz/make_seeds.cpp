@@ -50,9 +50,9 @@ void dayLog(const CEGUID& guid) {
     HANDLE db = createAndOpen(guid, "Kov2Food", PROP_TAG(CEVT_FILETIME, 64), 0);
     const std::uint64_t day = 126000000000000000;
     for (std::uint64_t key : {day, day + kDay, day, day - kDay}) {
-        std::vector<CEPROPVAL> props{fileTime(64, key), text(1132, "notes"), prop(CEVT_I2, 102),
-                                     prop(CEVT_UI2, 103), prop(CEVT_I4, 104), prop(CEVT_UI4, 105),
-                                     prop(CEVT_R8, 106), prop(CEVT_BOOL, 107), prop(CEVT_BLOB, 108)};
+        std::vector<CEPROPVAL> props{fileTime(64, key),   text(1132, "notes"),  prop(CEVT_I2, 102),
+                                     prop(CEVT_UI2, 103), prop(CEVT_I4, 104),   prop(CEVT_UI4, 105),
+                                     prop(CEVT_R8, 106),  prop(CEVT_BOOL, 107), prop(CEVT_BLOB, 108)};
         props[2].val.iVal = -7;
         props[5].val.ulVal = 4000000000u;
         props[6].val.dblVal = 72.5;
@@ -139,16 +139,16 @@ int main(int argc, char** argv) {
     const QDir dir(QString::fromLocal8Bit(argv[1]));
     const QString log = dir.filePath("daylog.kov");
     const bool made =
-        makeVolume(dir.filePath("empty.kov"), [](const CEGUID&) {}, false) &&
+        makeVolume(
+            dir.filePath("empty.kov"), [](const CEGUID&) {}, false) &&
         makeVolume(log, dayLog, false) && makeVolume(dir.filePath("namelists.kov"), nameLists, false) &&
-        makeVolume(dir.filePath("daylog-wal.kov"), dayLog, true) &&
-        makeObjectStore(dir.filePath("objectstore.kov")) &&
+        makeVolume(dir.filePath("daylog-wal.kov"), dayLog, true) && makeObjectStore(dir.filePath("objectstore.kov")) &&
         derive(log, dir.filePath("daylog-truncated.kov"), [](QByteArray& b) { b.truncate(b.size() / 2); }) &&
         derive(log, dir.filePath("daylog-flipped.kov"), [](QByteArray& b) { b[b.size() - 300] ^= 0x55; }) &&
         derive(log, dir.filePath("daylog-other-app.kov"), [](QByteArray& b) { b[68] = 1; }) &&
         derive(log, dir.filePath("daylog-mistyped.kov"), [](QByteArray&) {}) &&
         exec(dir.filePath("daylog-mistyped.kov"),
-             "UPDATE props SET value = 'text' WHERE propid = 6815747;" // I4 104 holding a text
+             "UPDATE props SET value = 'text' WHERE propid = 6815747;"  // I4 104 holding a text
              "UPDATE props SET value = 70000 WHERE propid = 6684674;"); // I2 102 beyond 16 bits
     if (!made) {
         std::fprintf(stderr, "could not write the seeds\n");

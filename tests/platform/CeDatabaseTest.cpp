@@ -127,8 +127,8 @@ TEST_F(CeDatabaseTest, EnumeratesAndDescribesDatabasesAndRecords) {
     const CEOID ann = CeWriteRecordProps(db, 0, {text(kKey, "Ann")});
     CeWriteRecordProps(db, 0, {text(kKey, "Bob")});
 
-    for (const auto& [type, expected] : {std::pair{12345u, std::vector{food, users}},
-                                         std::pair{0u, std::vector{food, copy, users}}}) {
+    for (const auto& [type, expected] :
+         {std::pair{12345u, std::vector{food, users}}, std::pair{0u, std::vector{food, copy, users}}}) {
         HANDLE find = CeFindFirstDatabaseEx(&m_store, type);
         std::vector<CEOID> found;
         for (CEOID oid = CeFindNextDatabaseEx(find, &m_store); oid != 0; oid = CeFindNextDatabaseEx(find, &m_store)) {
