@@ -27,8 +27,8 @@ int bindValue(sqlite3_stmt* statement, int index, const DirectProp& prop) {
 DirectStore::DirectStore(QString path) : m_path(std::move(path)) {}
 
 DirectStore::~DirectStore() {
-    for (sqlite3_stmt* statement : {m_findDatabase, m_seekEqual, m_readProps, m_begin, m_checkRecord, m_upsertProp,
-                                    m_commit, m_rollback, m_walk}) {
+    for (sqlite3_stmt* statement : {m_findDatabase, m_seekEqual, m_readProps, m_beginRead, m_begin, m_checkRecord,
+                                    m_upsertProp, m_commit, m_rollback, m_walk}) {
         sqlite3_finalize(statement);
     }
     sqlite3_close(m_db);
@@ -62,13 +62,20 @@ bool DirectStore::open() {
            prepare(&m_seekEqual, "SELECT oid FROM records WHERE db = ?1 AND sort_key = ?2 ORDER BY sort_key, oid "
                                  "LIMIT 1") &&
            prepare(&m_readProps, "SELECT propid, value FROM props WHERE record = ?1 ORDER BY propid") &&
-           prepare(&m_begin, "BEGIN IMMEDIATE") &&
+           prepare(&m_beginRead, "BEGIN") && prepare(&m_begin, "BEGIN IMMEDIATE") &&
            prepare(&m_checkRecord, "SELECT 1 FROM records WHERE oid = ?1 AND db = ?2") &&
            prepare(&m_upsertProp, "INSERT INTO props(record, propid, value) VALUES (?1, ?2, ?3) "
                                   "ON CONFLICT(record, propid) DO UPDATE SET value = excluded.value") &&
            prepare(&m_commit, "COMMIT") && prepare(&m_rollback, "ROLLBACK") &&
-           prepare(&m_walk, "SELECT r.oid, p.propid, p.value FROM records AS r JOIN props AS p ON p.record = r.oid "
-                            "WHERE r.db = ?1 ORDER BY r.sort_key, r.oid, p.propid");
+           prepare(&m_walk, "SELECT oid FROM records WHERE db = ?1 ORDER BY sort_key, oid");
+}
+
+bool DirectStore::beginRead() {
+    return exec(m_beginRead);
+}
+
+bool DirectStore::endRead() {
+    return exec(m_commit);
 }
 
 CEOID DirectStore::databaseId(const QString& name) {
@@ -145,26 +152,22 @@ bool DirectStore::writeProps(CEOID database, CEOID record, const DirectRecord& p
 }
 
 long DirectStore::walk(CEOID database, const std::function<void(CEOID, const DirectRecord&)>& visit) {
+    // One statement steps through the records in order and holds the read transaction, inside which
+    // each record's properties are read: measurably quicker than one SELECT joining records and props.
     sqlite3_bind_int64(m_walk, 1, database);
     long records = 0;
-    CEOID current = 0;
     DirectRecord props;
     int rc;
     while ((rc = sqlite3_step(m_walk)) == SQLITE_ROW) {
         const CEOID oid = static_cast<CEOID>(sqlite3_column_int64(m_walk, 0));
-        if (oid != current && current != 0) {
-            visit(current, props);
-            props.clear();
-            ++records;
+        if (!readRecord(oid, props)) {
+            sqlite3_reset(m_walk);
+            return -1;
         }
-        current = oid;
-        props.push_back(column(m_walk, 1));
-    }
-    sqlite3_reset(m_walk);
-    if (current != 0) {
-        visit(current, props);
+        visit(oid, props);
         ++records;
     }
+    sqlite3_reset(m_walk);
     return rc == SQLITE_DONE ? records : (fail(), -1);
 }
 

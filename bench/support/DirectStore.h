@@ -34,6 +34,10 @@ public:
     bool open();
     QString errorText() const { return m_error; }
 
+    // A read transaction around several reads: one snapshot, one lock for all of them.
+    bool beginRead();
+    bool endRead();
+
     // The object identifier of the named database, 0 when there is none.
     CEOID databaseId(const QString& name);
     // The first record of database (in sort order) whose sort key equals key, 0 when there is none.
@@ -44,7 +48,8 @@ public:
     // inserted or replaced; the record's other properties and its sort key stay as they are.
     bool writeProps(CEOID database, CEOID record, const DirectRecord& props);
     // Reads every record of database in sort order and hands each to visit; the number of
-    // records, or -1 on failure.
+    // records, or -1 on failure. (Records without a sort key would come first here, not last as
+    // in the store; every record of a generated log has one.)
     long walk(CEOID database, const std::function<void(CEOID, const DirectRecord&)>& visit);
 
     // The values a record's properties are stored as.
@@ -62,6 +67,7 @@ private:
     sqlite3_stmt* m_findDatabase = nullptr;
     sqlite3_stmt* m_seekEqual = nullptr;
     sqlite3_stmt* m_readProps = nullptr;
+    sqlite3_stmt* m_beginRead = nullptr;
     sqlite3_stmt* m_begin = nullptr;
     sqlite3_stmt* m_checkRecord = nullptr;
     sqlite3_stmt* m_upsertProp = nullptr;

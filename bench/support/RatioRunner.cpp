@@ -108,10 +108,11 @@ int RatioRunner::run() {
         if (store == times.end() || baseline == times.end()) {
             continue; // filtered out, or failed (reported above)
         }
-        const bool cpu = ratio.clock == Clock::Cpu;
-        const double value = median(cpu ? store->second.cpu : store->second.real) /
-                             median(cpu ? baseline->second.cpu : baseline->second.real);
+        const double cpu = median(store->second.cpu) / median(baseline->second.cpu);
+        const double real = median(store->second.real) / median(baseline->second.real);
+        const double value = ratio.clock == Clock::Cpu ? cpu : real;
         std::printf("ratio %s: %.2f (limit %.1f)\n", ratio.name.c_str(), value, ratio.limit);
+        std::printf("    on CPU time %.2f, on real time %.2f\n", cpu, real);
         if (m_check && value > ratio.limit) {
             status = 1;
         }

@@ -4,9 +4,11 @@
 // measured in the same run, their repetitions randomly interleaved so that load on the machine
 // falls on both alike. Prints "ratio <name>: X.XX (limit L)" per pair.
 //
-// A ratio is taken on the thread's CPU time (user and system) or on real time. CPU time suits work
-// that never waits (reads of a file in the OS cache): other processes on a shared machine then
-// stretch neither side. Real time suits work that waits for the disk (a durable commit).
+// A ratio is taken on the thread's CPU time (user and system) or on real time; both are printed,
+// the one chosen is checked. CPU time suits work whose waits are the same on both sides by
+// construction (reads of a file in the OS cache, one durable commit each): other processes on a
+// shared machine and the disk's whims then stretch neither side. Real time suits work where
+// waiting is what differs.
 //
 // Accepts the usual --benchmark_* flags, and --check: exit 1 when a ratio is over its limit.
 // Without --benchmark_repetitions it runs 5 repetitions of every case.
