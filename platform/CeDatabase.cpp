@@ -152,6 +152,8 @@ HANDLE CeOpenDatabaseEx(const CEGUID* guid, CEOID* oid, const QString& name, CEP
     if (volume == nullptr || oid == nullptr || (flags & ~CEDB_AUTOINCREMENT) != 0) {
         return finish(ERROR_INVALID_PARAMETER, INVALID_HANDLE_VALUE);
     }
+    // The lookup already reads in the transaction the new handle's reads will share.
+    volume->holdRead();
     Catalogue catalogue(*volume);
     DatabaseInfo info;
     DWORD error = *oid != 0 ? catalogue.findById(*oid, &info) : catalogue.findByName(name, &info);
@@ -159,6 +161,7 @@ HANDLE CeOpenDatabaseEx(const CEGUID* guid, CEOID* oid, const QString& name, CEP
         error = ERROR_INVALID_PARAMETER;
     }
     if (error != ERROR_SUCCESS) {
+        volume->releaseReadIfIdle();
         return finish(error, INVALID_HANDLE_VALUE);
     }
     *oid = info.oid;

@@ -139,7 +139,7 @@ SqlStatement* Volume::statement(const char* sql) {
 }
 
 void Volume::holdRead() {
-    if (!m_handles.empty() && sqlite3_get_autocommit(m_db) != 0) {
+    if (sqlite3_get_autocommit(m_db) != 0) {
         if (SqlStatement* statement = this->statement(kBeginRead)) {
             SqlStatement::Scope scope(*statement);
             statement->execute(); // if it fails, each read is its own transaction: slower, still right
@@ -216,6 +216,10 @@ void Volume::attach(VolumeHandle* handle) {
 
 void Volume::detach(VolumeHandle* handle) {
     m_handles.erase(handle);
+    releaseReadIfIdle();
+}
+
+void Volume::releaseReadIfIdle() {
     if (m_handles.empty()) {
         releaseRead();
     }

@@ -55,10 +55,12 @@ public:
     int changes() const { return sqlite3_changes(m_db); }
 
     // While a handle is open on the volume, its reads share one read transaction, begun by the
-    // first of them and ended by the next write or when the last handle goes: a walk through a
-    // database then costs no lock and no snapshot check per record. (Writes made meanwhile by
-    // another process are seen from the next write or close on.)
+    // first of them (or by the open itself) and ended by the next write or when the last handle
+    // goes: a walk through a database then costs no lock and no snapshot check per record.
+    // (Writes made meanwhile by another process are seen from the next write or close on.)
     void holdRead();
+    // Ends the read transaction when no handle is open any more (an open that failed).
+    void releaseReadIfIdle();
 
     // A new object id, never given out before on this volume; call inside a transaction.
     DWORD allocateObjectId(CEOID* oid);
