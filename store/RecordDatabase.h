@@ -21,8 +21,8 @@ public:
     // Creates an empty database with one ascending sort order on sortProp.
     static bool Create(const QString& name, DWORD type, CEPROPID sortProp);
 
-    // Opens the database sorted on sortProp (0: the order records were created in). Nothing is
-    // current afterwards. An open database is closed first.
+    // Opens the database sorted on sortProp (0: the order records were created in); SeekFirst or
+    // SeekNext then starts at its first record. An open database is closed first.
     bool Open(const QString& name, CEPROPID sortProp = 0);
     void Close();
     bool isOpen() const { return m_handle != nullptr; }
