@@ -39,6 +39,10 @@ AboutDialog::AboutDialog(QWidget* parent)
     addOkButton();
 }
 
+QString AboutDialog::version() {
+    return QStringLiteral(KOVALIN_VERSION);
+}
+
 QString AboutDialog::versionText() {
-    return QStringLiteral("Version ") + QStringLiteral(KOVALIN_VERSION);
+    return QStringLiteral("Version ") + version();
 }

@@ -8,5 +8,7 @@ class AboutDialog : public DeviceDialog {
 public:
     explicit AboutDialog(QWidget* parent);
 
+    // "2.0.0", and "Version 2.0.0" as the box shows it.
+    static QString version();
     static QString versionText();
 };

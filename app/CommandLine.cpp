@@ -23,7 +23,8 @@ CommandLine CommandLine::parse(const QStringList& arguments) {
     const QCommandLineOption quitAfterStart(QStringLiteral("quit-after-start"),
                                             QStringLiteral("Exits once the Today page is painted (for measuring)."));
     parser.addOptions({help, version, device, scale, screenshots, quitAfterStart});
-    line.helpText = parser.helpText();
+    // The parser names the program from the application object, which does not exist yet.
+    line.helpText = parser.helpText().replace(QStringLiteral("<executable_name>"), QStringLiteral("kovalin"));
 
     if (!parser.parse(arguments)) {
         line.error = parser.errorText();

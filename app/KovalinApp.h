@@ -4,6 +4,7 @@
 
 #include "DeviceScreen.h"
 #include "ShellPageFactory.h"
+#include "TapAndHold.h"
 
 #include <QString>
 
@@ -20,6 +21,7 @@ public:
     int run();
 
 private:
+    TapAndHold m_tapAndHold;
     ShellPageFactory m_factory;
     DeviceScreen m_screen;
 };

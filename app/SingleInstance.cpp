@@ -58,11 +58,16 @@ bool SingleInstance::activateRunning() {
 
 void SingleInstance::onConnection() {
     while (QLocalSocket* socket = m_server->nextPendingConnection()) {
-        connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
+        auto read = [this, socket] {
             if (socket->readAll().contains(kActivate.trimmed())) {
                 emit activationRequested();
             }
-        });
+        };
+        connect(socket, &QLocalSocket::readyRead, this, read);
         connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+        // What came with the connection is there already, and signals no readyRead of its own.
+        if (socket->bytesAvailable() > 0) {
+            read();
+        }
     }
 }

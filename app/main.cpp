@@ -81,7 +81,7 @@ int main(int argc, char* argv[]) {
         return 0;
     }
     if (line.version) {
-        std::printf("Kovalin %s\n", qPrintable(AboutDialog::versionText()));
+        std::printf("Kovalin %s\n", qPrintable(AboutDialog::version()));
         return 0;
     }
     // Everything is laid out in device pixels; the scale makes them desktop pixels.
