@@ -23,7 +23,7 @@ int ImageList::addMasked(int bitmapId, QRgb mask) {
 int ImageList::append(const QImage& image) {
     const int first = count();
     for (int x = 0; x + m_cx <= image.width(); x += m_cx) {
-        m_images.push_back(QPixmap::fromImage(image.copy(x, 0, m_cx, image.height())));
+        m_images.push_back(Bitmaps::toPixmap(image.copy(x, 0, m_cx, image.height())));
     }
     return first;
 }

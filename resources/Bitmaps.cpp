@@ -2,7 +2,10 @@
 
 #include "resource.h"
 
+#include <QGuiApplication>
 #include <QHash>
+
+#include <cmath>
 
 namespace {
 QString pathOf(int id) {
@@ -31,7 +34,7 @@ QImage Bitmaps::load(int id) {
 }
 
 QPixmap Bitmaps::masked(int id) {
-    return QPixmap::fromImage(withMask(load(id), kMaskColour));
+    return toPixmap(withMask(load(id), kMaskColour));
 }
 
 QIcon Bitmaps::icon(int id) {
@@ -40,7 +43,7 @@ QIcon Bitmaps::icon(int id) {
         return icon;
     }
     for (const char* path : {":/bitmaps/icon32.bmp", ":/bitmaps/icon16.bmp"}) {
-        icon.addPixmap(QPixmap::fromImage(withMask(QImage(QString::fromLatin1(path)), kMaskColour)));
+        icon.addPixmap(toPixmap(withMask(QImage(QString::fromLatin1(path)), kMaskColour)));
     }
     return icon;
 }
@@ -56,4 +59,16 @@ QImage Bitmaps::withMask(const QImage& image, QRgb colour) {
         }
     }
     return result;
+}
+
+QPixmap Bitmaps::toPixmap(const QImage& image) {
+    const qreal ratio = qGuiApp != nullptr ? qGuiApp->devicePixelRatio() : 1.0;
+    const int factor = std::max(1, static_cast<int>(std::lround(ratio)));
+    if (factor == 1 || image.isNull()) {
+        return QPixmap::fromImage(image);
+    }
+    QPixmap pixmap =
+        QPixmap::fromImage(image.scaled(image.size() * factor, Qt::IgnoreAspectRatio, Qt::FastTransformation));
+    pixmap.setDevicePixelRatio(factor);
+    return pixmap;
 }

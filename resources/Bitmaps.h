@@ -18,4 +18,7 @@ public:
     static QIcon icon(int id);
     // The bitmap with every pixel of colour made transparent.
     static QImage withMask(const QImage& image, QRgb colour);
+    // image as a pixmap for the screen: at a scale above 1 every device pixel becomes a square of
+    // screen pixels, so that the drawings stay sharp instead of being smoothed.
+    static QPixmap toPixmap(const QImage& image);
 };

@@ -52,9 +52,10 @@ std::optional<ToolBarResource> ToolBarResource::parse(const QByteArray& bytes, i
 }
 
 QPixmap ToolBarResource::buttonImage(int imageIndex) const {
-    const QPixmap strip = Bitmaps::masked(m_id);
-    if (strip.isNull() || (imageIndex + 1) * m_width > strip.width()) {
+    const QImage strip = Bitmaps::load(m_id);
+    if (strip.isNull() || imageIndex < 0 || (imageIndex + 1) * m_width > strip.width()) {
         return {};
     }
-    return strip.copy(imageIndex * m_width, 0, m_width, m_height);
+    return Bitmaps::toPixmap(
+        Bitmaps::withMask(strip.copy(imageIndex * m_width, 0, m_width, m_height), Bitmaps::kMaskColour));
 }
