@@ -71,9 +71,14 @@ sqlite3* openExisting(const QString& path, DWORD mode, Volume::Role role, bool* 
     if (db == nullptr) {
         return nullptr;
     }
-    // The object store is checked on every start, so it gets SQLite's quick check (every page,
-    // without matching each index against its table); a volume file from elsewhere gets the full one.
-    const auto depth = role == Volume::Role::ObjectStore ? VolumeFormat::Depth::Quick : VolumeFormat::Depth::Full;
+    // A volume file may come from anywhere: it gets SQLite's full check. The object store is mounted
+    // at every start and is ours: reading every page of years of logs each time would dominate the
+    // start, so its pages are checked (the quick check) only when the last session did not unmount
+    // it; otherwise its structure and catalogue are checked, and damage met later is still an error.
+    VolumeFormat::Depth depth = VolumeFormat::Depth::Full;
+    if (role == Volume::Role::ObjectStore) {
+        depth = VolumeFormat::wasClosedCleanly(db) ? VolumeFormat::Depth::Structure : VolumeFormat::Depth::Quick;
+    }
     const VolumeFormat::Kind kind = VolumeFormat::inspect(db, depth);
     *blank = kind == VolumeFormat::Kind::Blank;
     if (kind == VolumeFormat::Kind::NotAVolume || (*blank && mode == OPEN_EXISTING)) {
@@ -103,6 +108,9 @@ std::unique_ptr<Volume> Volume::mount(const QString& path, DWORD mode, Role role
     }
     const bool withRegistry = role == Role::ObjectStore;
     *error = fresh ? VolumeFormat::create(db, withRegistry) : VolumeFormat::prepare(db, withRegistry);
+    if (*error == ERROR_SUCCESS && role == Role::ObjectStore) {
+        *error = VolumeFormat::markInUse(db, true);
+    }
     if (*error != ERROR_SUCCESS) {
         sqlite3_close_v2(db);
         if (!existed) {
@@ -123,6 +131,9 @@ Volume::~Volume() {
     }
     releaseRead();
     m_statements.clear();
+    if (m_role == Role::ObjectStore) {
+        VolumeFormat::markInUse(m_db, false);
+    }
     sqlite3_close_v2(m_db);
 }
 

@@ -51,7 +51,8 @@ CREATE TABLE IF NOT EXISTS registry_keys (
 
 // What this code adds to the format; created when a volume lacks it. records_by_creation gives
 // the creation order of one database (an index entry ends with the rowid, the oid); meta keeps
-// the highest object id ever given out, so that an id is never given twice.
+// the highest object id ever given out, so that an id is never given twice, and whether the
+// volume is mounted now ('in_use'), so that a session that ended without unmounting is noticed.
 const char* const kAdditions = R"sql(
 CREATE INDEX IF NOT EXISTS records_in_order ON records(db, sort_key, oid);
 CREATE INDEX IF NOT EXISTS records_by_creation ON records(db);
@@ -189,6 +190,9 @@ bool hasValidObjectIds(sqlite3* db) {
 }
 
 bool passesCheck(sqlite3* db, VolumeFormat::Depth depth) {
+    if (depth == VolumeFormat::Depth::Structure) {
+        return true;
+    }
     SqlStatement statement(db,
                            depth == VolumeFormat::Depth::Full ? "PRAGMA integrity_check(1)" : "PRAGMA quick_check(1)");
     if (!statement.isValid() || statement.step() != SQLITE_ROW) {
@@ -243,6 +247,17 @@ VolumeFormat::Kind VolumeFormat::inspect(sqlite3* db, Depth depth) {
         return Kind::NotAVolume;
     }
     return Kind::Volume;
+}
+
+bool VolumeFormat::wasClosedCleanly(sqlite3* db) {
+    std::int64_t inUse = 1;
+    return queryInt(db, "SELECT ifnull((SELECT value FROM meta WHERE name = 'in_use'), 1)", &inUse) && inUse == 0;
+}
+
+DWORD VolumeFormat::markInUse(sqlite3* db, bool inUse) {
+    return exec(db, inUse ? "INSERT INTO meta (name, value) VALUES ('in_use', 1) "
+                            "ON CONFLICT (name) DO UPDATE SET value = excluded.value"
+                          : "UPDATE meta SET value = 0 WHERE name = 'in_use'");
 }
 
 DWORD VolumeFormat::prepare(sqlite3* db, bool withRegistry) {

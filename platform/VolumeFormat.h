@@ -16,7 +16,9 @@ public:
         Blank,      // a valid SQLite file that holds nothing yet (a volume whose creation never committed)
         NotAVolume, // anything else
     };
-    enum class Depth { Quick, Full };
+    // How much of SQLite's own check runs: none (the header, tables and catalogue are still checked),
+    // the quick check (every page), or the full integrity check (indexes matched against tables).
+    enum class Depth { Structure, Quick, Full };
 
     // Settings every connection gets before it reads anything from a file.
     static DWORD harden(sqlite3* db);
@@ -25,6 +27,10 @@ public:
     // Recognises a file that exists, reading no record: the header, SQLite's own check (quick or
     // full), the tables and columns, and the catalogue's rows.
     static Kind inspect(sqlite3* db, Depth depth);
+    // Whether the last mount of this volume ended with an unmount (false when it is not known).
+    static bool wasClosedCleanly(sqlite3* db);
+    // Records that the volume is mounted (true) or was unmounted cleanly (false).
+    static DWORD markInUse(sqlite3* db, bool inUse);
     // The journal and durability settings of a mounted volume, and the tables and indexes that a
     // hand-made volume may lack. withRegistry: the object store's registry tables.
     static DWORD prepare(sqlite3* db, bool withRegistry);
