@@ -72,6 +72,9 @@ bool DeviceGenerator::generate() {
     if (m_options.users < 1 || m_options.years < 1 || !m_first.isValid() || m_first.year() < 1969) {
         return fail(QStringLiteral("Nothing to generate: need at least one user and one year after 1968."));
     }
+    if (m_options.miscRestYears < 0 || m_options.miscRestYears >= m_options.years) {
+        return fail(QStringLiteral("The Misc groups can rest for fewer years than the period has."));
+    }
     const DevicePaths paths(m_options.device);
     if (m_options.device.isEmpty() || !paths.ensureCreated()) {
         return fail(QStringLiteral("Cannot create the device folder \"%1\".").arg(m_options.device));
@@ -160,17 +163,22 @@ std::uint64_t DeviceGenerator::recordSeed(UserDatabase which, int user, const QD
                               static_cast<std::uint64_t>(day.toJulianDay())});
 }
 
+QDate DeviceGenerator::lastMiscDay() const {
+    return m_options.miscRestYears > 0 ? m_last.addYears(-m_options.miscRestYears) : m_last;
+}
+
 DbRecord DeviceGenerator::record(UserDatabase which, int user, const QDate& day) const {
     SeededRandom random(recordSeed(which, user, day));
+    const bool miscRests = day > lastMiscDay();
     switch (which) {
     case UserDatabase::UpperA:
         return SampleRecords::strengthA(true, day, random);
     case UserDatabase::UpperB:
-        return SampleRecords::strengthB(true, day, random);
+        return SampleRecords::strengthB(true, day, random, miscRests);
     case UserDatabase::LowerA:
         return SampleRecords::strengthA(false, day, random);
     case UserDatabase::LowerB:
-        return SampleRecords::strengthB(false, day, random);
+        return SampleRecords::strengthB(false, day, random, miscRests);
     case UserDatabase::Aerobic:
         return SampleRecords::aerobic(day, random);
     case UserDatabase::Food:

@@ -24,6 +24,9 @@ public:
         int years = 10; // the period ends on `end` and starts `years` years earlier, the day after
         QDate end;      // invalid: today
         std::uint64_t seed = 1;
+        // The last group of each region (upper Misc, lower Misc 2) is not trained in the last
+        // miscRestYears years of the period: those days' B records hold no sets of it.
+        int miscRestYears = 0;
     };
 
     explicit DeviceGenerator(Options options);
@@ -39,6 +42,8 @@ public:
     QDate firstDay() const { return m_first; }
     QDate lastDay() const { return m_last; }
     int dayCount() const { return static_cast<int>(m_first.daysTo(m_last)) + 1; }
+    // The last day on which the Misc groups were trained (lastDay() when they never rest).
+    QDate lastMiscDay() const;
     std::int64_t recordsWritten() const { return m_records; }
     std::int64_t propertiesWritten() const { return m_properties; }
 

@@ -50,10 +50,12 @@ DbRecord SampleRecords::strengthA(bool upper, const QDate& day, SeededRandom& ra
     return record;
 }
 
-DbRecord SampleRecords::strengthB(bool upper, const QDate& day, SeededRandom& random) {
+DbRecord SampleRecords::strengthB(bool upper, const QDate& day, SeededRandom& random, bool lastGroupRests) {
     DbRecord record;
     record.append(DayKey::prop(day));
-    for (int group = StrengthLayout::kFirstGroupOfB; group < StrengthLayout::kGroupCount; ++group) {
+    // The last group is drawn last, so leaving it out changes nothing of the others.
+    const int groups = lastGroupRests ? StrengthLayout::kGroupCount - 1 : StrengthLayout::kGroupCount;
+    for (int group = StrengthLayout::kFirstGroupOfB; group < groups; ++group) {
         appendGroup(record, upper, group, random);
     }
     return record;

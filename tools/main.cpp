@@ -1,5 +1,6 @@
 // kovalin-devicegen: builds a device folder holding years of daily records for several users.
 //   kovalin-devicegen --device DIR [--users 3] [--years 10] [--end YYYY-MM-DD] [--seed N]
+//                     [--misc-rest-years N]
 
 #include "DeviceGenerator.h"
 
@@ -35,6 +36,8 @@ int main(int argc, char* argv[]) {
         {"years", "How many years of days (default 10).", "N", "10"},
         {"end", "The last day of the period (default today).", "YYYY-MM-DD"},
         {"seed", "The seed of the content; the same seed builds the same device (default 1).", "N", "1"},
+        {"misc-rest-years", "The Misc groups (upper Misc, lower Misc 2) are not trained in the last N years (default 0).",
+         "N", "0"},
     });
     parser.process(app);
 
@@ -51,6 +54,11 @@ int main(int argc, char* argv[]) {
         if (!options.end.isValid()) {
             return usageError(parser, QStringLiteral("--end takes a date written YYYY-MM-DD."));
         }
+    }
+    bool restOk = false;
+    options.miscRestYears = parser.value("misc-rest-years").toInt(&restOk);
+    if (!restOk || options.miscRestYears < 0 || options.miscRestYears >= options.years) {
+        return usageError(parser, QStringLiteral("--misc-rest-years takes a whole number from 0 to below --years."));
     }
     bool seedOk = false;
     options.seed = parser.value("seed").toULongLong(&seedOk);

@@ -14,12 +14,16 @@ constexpr int kUsers = 3;
 constexpr int kYears = 10;
 } // namespace
 
-BenchDevice::BenchDevice() : m_reused(qEnvironmentVariable("KOVALIN_BENCH_DEVICE")) {
+BenchDevice::BenchDevice(int miscRestYears) : m_reused(qEnvironmentVariable("KOVALIN_BENCH_DEVICE")) {
+    if (!m_reused.isEmpty() && miscRestYears > 0) {
+        m_reused += QStringLiteral("-misc-rest-%1").arg(miscRestYears);
+    }
     DeviceGenerator::Options options;
     options.device = deviceFolder();
     options.users = kUsers;
     options.years = kYears;
     options.end = kLastDay;
+    options.miscRestYears = miscRestYears;
     m_generator = std::make_unique<DeviceGenerator>(options);
 }
 

@@ -2,7 +2,8 @@
 // The device the store benchmarks measure on: three users with ten years of daily records in all
 // six logs, generated into a temporary folder, its object store mounted while the object lives.
 // When KOVALIN_BENCH_DEVICE names a folder, the device is generated there once and reused by later
-// runs (for profiling, where generating under the profiler would take most of the time).
+// runs (for profiling, where generating under the profiler would take most of the time). A device
+// whose Misc groups rest is kept beside it, in the folder's name followed by "-misc-rest-N".
 
 #include "DeviceGenerator.h"
 
@@ -12,7 +13,8 @@
 
 class BenchDevice {
 public:
-    BenchDevice();
+    // miscRestYears: the Misc groups are not trained in the last that many years (see DeviceGenerator).
+    explicit BenchDevice(int miscRestYears = 0);
     ~BenchDevice();
     BenchDevice(const BenchDevice&) = delete;
     BenchDevice& operator=(const BenchDevice&) = delete;

@@ -28,7 +28,7 @@ DirectStore::DirectStore(QString path) : m_path(std::move(path)) {}
 
 DirectStore::~DirectStore() {
     for (sqlite3_stmt* statement : {m_findDatabase, m_seekEqual, m_readProps, m_beginRead, m_begin, m_checkRecord,
-                                    m_upsertProp, m_commit, m_rollback, m_walk}) {
+                                    m_upsertProp, m_commit, m_rollback, m_walk, m_readRange, m_walkBack}) {
         sqlite3_finalize(statement);
     }
     sqlite3_close(m_db);
@@ -67,7 +67,11 @@ bool DirectStore::open() {
            prepare(&m_upsertProp, "INSERT INTO props(record, propid, value) VALUES (?1, ?2, ?3) "
                                   "ON CONFLICT(record, propid) DO UPDATE SET value = excluded.value") &&
            prepare(&m_commit, "COMMIT") && prepare(&m_rollback, "ROLLBACK") &&
-           prepare(&m_walk, "SELECT oid FROM records WHERE db = ?1 ORDER BY sort_key, oid");
+           prepare(&m_walk, "SELECT oid FROM records WHERE db = ?1 ORDER BY sort_key, oid") &&
+           prepare(&m_readRange, "SELECT propid, value FROM props WHERE record = ?1 AND propid BETWEEN ?2 AND ?3 "
+                                 "ORDER BY propid") &&
+           prepare(&m_walkBack, "SELECT oid FROM records WHERE db = ?1 AND sort_key < ?2 "
+                                "ORDER BY sort_key DESC, oid DESC");
 }
 
 bool DirectStore::beginRead() {
@@ -129,6 +133,63 @@ bool DirectStore::readRecord(CEOID record, DirectRecord& props) {
     }
     sqlite3_reset(m_readProps);
     return rc == SQLITE_DONE || fail();
+}
+
+bool DirectStore::readProps(CEOID record, CEPROPID first, CEPROPID last, DirectRecord& props) {
+    props.clear();
+    sqlite3_bind_int64(m_readRange, 1, record);
+    sqlite3_bind_int64(m_readRange, 2, first);
+    sqlite3_bind_int64(m_readRange, 3, last);
+    int rc;
+    while ((rc = sqlite3_step(m_readRange)) == SQLITE_ROW) {
+        props.push_back(column(m_readRange, 0));
+    }
+    sqlite3_reset(m_readRange);
+    return rc == SQLITE_DONE || fail();
+}
+
+bool DirectStore::walkBack(CEOID database, std::int64_t key, CEPROPID first, CEPROPID last,
+                           const std::function<bool(const DirectRecord&)>& accept, DirectRecord& props, CEOID* found) {
+    // As walk: one statement steps back through the records and holds the read while each one's
+    // properties are read.
+    *found = 0;
+    sqlite3_bind_int64(m_walkBack, 1, database);
+    sqlite3_bind_int64(m_walkBack, 2, key);
+    int rc;
+    while ((rc = sqlite3_step(m_walkBack)) == SQLITE_ROW) {
+        const CEOID oid = static_cast<CEOID>(sqlite3_column_int64(m_walkBack, 0));
+        if (!readProps(oid, first, last, props)) {
+            sqlite3_reset(m_walkBack);
+            return false;
+        }
+        if (accept(props)) {
+            *found = oid;
+            sqlite3_reset(m_walkBack);
+            return true;
+        }
+    }
+    sqlite3_reset(m_walkBack);
+    props.clear();
+    return rc == SQLITE_DONE || fail();
+}
+
+bool DirectStore::writeDayProps(const QString& name, std::int64_t key, const DirectRecord& props) {
+    if (!exec(m_begin)) {
+        return false;
+    }
+    const CEOID database = databaseId(name);
+    const CEOID record = database == 0 ? 0 : seekFirstEqual(database, key);
+    bool ok = record != 0;
+    sqlite3_bind_int64(m_upsertProp, 1, record);
+    for (auto prop = props.begin(); ok && prop != props.end(); ++prop) {
+        sqlite3_bind_int64(m_upsertProp, 2, prop->id);
+        ok = bindValue(m_upsertProp, 3, *prop) == SQLITE_OK && exec(m_upsertProp);
+    }
+    if (ok && exec(m_commit)) {
+        return true;
+    }
+    exec(m_rollback);
+    return false;
 }
 
 bool DirectStore::writeProps(CEOID database, CEOID record, const DirectRecord& props) {

@@ -44,6 +44,16 @@ public:
     CEOID seekFirstEqual(CEOID database, std::int64_t key);
     // All properties of record, in ascending property-id order.
     bool readRecord(CEOID record, DirectRecord& props);
+    // The properties of record whose ids lie from first to last, in ascending property-id order.
+    bool readProps(CEOID record, CEPROPID first, CEPROPID last, DirectRecord& props);
+    // From the record keyed key toward earlier keys, one record at a time, reads each record's
+    // properties from first to last into props until accept takes them. *found is the accepted
+    // record, 0 when none was; false on a failure.
+    bool walkBack(CEOID database, std::int64_t key, CEPROPID first, CEPROPID last,
+                  const std::function<bool(const DirectRecord&)>& accept, DirectRecord& props, CEOID* found);
+    // In one write transaction: finds the database by name and its record keyed key, and inserts or
+    // replaces props in it. False when either is missing or a statement fails.
+    bool writeDayProps(const QString& name, std::int64_t key, const DirectRecord& props);
     // Writes props into the existing record of database in one transaction, each property
     // inserted or replaced; the record's other properties and its sort key stay as they are.
     bool writeProps(CEOID database, CEOID record, const DirectRecord& props);
@@ -74,4 +84,6 @@ private:
     sqlite3_stmt* m_commit = nullptr;
     sqlite3_stmt* m_rollback = nullptr;
     sqlite3_stmt* m_walk = nullptr;
+    sqlite3_stmt* m_readRange = nullptr;
+    sqlite3_stmt* m_walkBack = nullptr;
 };
