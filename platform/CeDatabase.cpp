@@ -244,6 +244,17 @@ CEOID CeReadRecordProps(HANDLE db, DWORD /*flags*/, std::vector<CEPROPVAL>* prop
     return finish(error, error == ERROR_SUCCESS ? oid : 0);
 }
 
+CEOID CeReadRecordProps(HANDLE db, DWORD /*flags*/, const std::vector<CEPROPID>& wanted,
+                        std::vector<CEPROPVAL>* props) {
+    DatabaseHandle* database = liveHandle<DatabaseHandle>(db);
+    if (database == nullptr || props == nullptr) {
+        return finish<CEOID>(database == nullptr ? ERROR_INVALID_HANDLE : ERROR_INVALID_PARAMETER, 0);
+    }
+    CEOID oid = 0;
+    const DWORD error = database->read(wanted, props, &oid);
+    return finish(error, error == ERROR_SUCCESS ? oid : 0);
+}
+
 CEOID CeWriteRecordProps(HANDLE db, CEOID oid, const std::vector<CEPROPVAL>& props) {
     DatabaseHandle* database = liveHandle<DatabaseHandle>(db);
     if (database == nullptr) {

@@ -180,6 +180,12 @@ CEOID CeSeekDatabase(HANDLE db, DWORD seekType, const CEPROPVAL& value, DWORD* i
 // property's type fails the read with ERROR_INVALID_DATA (the pointer stays). flags is kept for
 // fidelity.
 CEOID CeReadRecordProps(HANDLE db, DWORD flags, std::vector<CEPROPVAL>* props);
+// Reads only the properties listed in wanted (full ids: number and type), as the device's read with
+// a property-id array does: props gets one entry per id of wanted, in the order given; an id the
+// record lacks comes back with CEDB_PROPNOTFOUND in wFlags and an empty value. Otherwise as the
+// read above: the same return value, CEDB_AUTOINCREMENT step and errors (ERROR_INVALID_DATA only
+// for a stored value among those asked for).
+CEOID CeReadRecordProps(HANDLE db, DWORD flags, const std::vector<CEPROPID>& wanted, std::vector<CEPROPVAL>* props);
 // Writes props into record oid (0: a new record). An existing record keeps the properties not
 // named; a property flagged CEDB_PROPDELETE is removed. Happens whole or not at all.
 // Returns the record's identifier, or 0. The current record does not change.

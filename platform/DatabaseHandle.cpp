@@ -126,24 +126,25 @@ DWORD DatabaseHandle::seek(DWORD seekType, const CEPROPVAL& value, CEOID* found,
     return land(error, std::move(position), found, index);
 }
 
-DWORD DatabaseHandle::read(std::vector<CEPROPVAL>* props, CEOID* oid) {
+template <typename ReadRecord> DWORD DatabaseHandle::readCurrent(ReadRecord&& readRecord, CEOID* oid) {
     *oid = 0;
-    props->clear();
     volume()->holdRead();
-    RecordTable records(*volume());
     std::optional<Position> position;
     DWORD error = current(&position);
     while (error == ERROR_SUCCESS && position.has_value()) {
-        int rows = 0;
-        error = records.read(position->oid, props, &rows);
+        RecordTable::Presence presence = RecordTable::Presence::Unknown;
+        error = readRecord(position->oid, &presence);
         if (error != ERROR_SUCCESS) {
             return error;
         }
+        // Nothing read may mean a record deleted since it became current, in which case the pointer
+        // moves on to the record that now follows its place.
         std::optional<Position> still;
-        // No properties: either a record without any, or one deleted since it became current, in
-        // which case the pointer moves on to the record that now follows its place.
-        error = rows > 0 ? ERROR_SUCCESS : m_order.locate(position->oid, &still);
-        if (error == ERROR_SUCCESS && (rows > 0 || still.has_value())) {
+        if (presence == RecordTable::Presence::Unknown) {
+            error = m_order.locate(position->oid, &still);
+            presence = still.has_value() ? RecordTable::Presence::Present : RecordTable::Presence::Gone;
+        }
+        if (error == ERROR_SUCCESS && presence == RecordTable::Presence::Present) {
             *oid = position->oid;
             if (!m_autoIncrement) {
                 moveTo(std::move(position));
@@ -162,6 +163,27 @@ DWORD DatabaseHandle::read(std::vector<CEPROPVAL>* props, CEOID* oid) {
     }
     moveTo(std::nullopt);
     return error != ERROR_SUCCESS ? error : ERROR_NO_MORE_ITEMS;
+}
+
+DWORD DatabaseHandle::read(std::vector<CEPROPVAL>* props, CEOID* oid) {
+    props->clear();
+    RecordTable records(*volume());
+    return readCurrent(
+        [&](CEOID record, RecordTable::Presence* presence) {
+            int rows = 0;
+            const DWORD error = records.read(record, props, &rows);
+            *presence = rows > 0 ? RecordTable::Presence::Present : RecordTable::Presence::Unknown;
+            return error;
+        },
+        oid);
+}
+
+DWORD DatabaseHandle::read(const std::vector<CEPROPID>& wanted, std::vector<CEPROPVAL>* props, CEOID* oid) {
+    props->clear();
+    RecordTable records(*volume());
+    return readCurrent(
+        [&](CEOID record, RecordTable::Presence* presence) { return records.read(record, wanted, props, presence); },
+        oid);
 }
 
 DWORD DatabaseHandle::write(CEOID oid, const std::vector<CEPROPVAL>& props, CEOID* written) {

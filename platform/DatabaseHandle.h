@@ -26,6 +26,8 @@ public:
     // The CeSeekDatabase kinds that take a value of the sort property.
     DWORD seek(DWORD seekType, const CEPROPVAL& value, CEOID* found, DWORD* index);
     DWORD read(std::vector<CEPROPVAL>* props, CEOID* oid);
+    // Only the properties wanted, one entry each (CEDB_PROPNOTFOUND for those the record lacks).
+    DWORD read(const std::vector<CEPROPID>& wanted, std::vector<CEPROPVAL>* props, CEOID* oid);
     DWORD write(CEOID oid, const std::vector<CEPROPVAL>& props, CEOID* written);
     DWORD deleteRecord(CEOID oid);
 
@@ -40,6 +42,9 @@ private:
     // Makes the seek's outcome current and reports it.
     DWORD land(DWORD error, std::optional<Position> found, CEOID* oid, DWORD* index);
     void moveTo(std::optional<Position> position);
+    // Reads the current record with readRecord(oid, &presence), stepping over records deleted since
+    // they became current, and moves on after it when auto-incrementing.
+    template <typename ReadRecord> DWORD readCurrent(ReadRecord&& readRecord, CEOID* oid);
 
     DatabaseInfo m_info;
     bool m_sorted;

@@ -3,8 +3,14 @@
 #include "PropertyCodec.h"
 #include "Volume.h"
 
+#include <algorithm>
+
 namespace {
 const char* const kReadProps = "SELECT propid, value FROM props WHERE record = ?1 ORDER BY propid";
+// The LEFT JOIN yields one row of NULLs for a record without any of the properties, and no row for
+// a record that is gone, so that nothing else needs asking.
+const char* const kReadRange = "SELECT p.propid, p.value FROM records r LEFT JOIN props p "
+                               "ON p.record = r.oid AND p.propid BETWEEN ?2 AND ?3 WHERE r.oid = ?1";
 const char* const kRecordDatabase = "SELECT db FROM records WHERE oid = ?1";
 const char* const kInsertRecord = "INSERT INTO records (oid, db, sort_key) VALUES (?1, ?2, ?3)";
 const char* const kSetSortKey = "UPDATE records SET sort_key = ?2 WHERE oid = ?1";
@@ -14,6 +20,13 @@ const char* const kDeleteProp = "DELETE FROM props WHERE record = ?1 AND propid 
 const char* const kDeleteRecord = "DELETE FROM records WHERE oid = ?1 AND db = ?2";
 // Room for a whole day record at once (a strength record holds up to about 130 properties).
 constexpr std::size_t kTypicalProperties = 160;
+
+// The value in column 1 of statement's row, as the type of prop's id names; clears CEDB_PROPNOTFOUND.
+DWORD readValue(SqlStatement* statement, CEPROPVAL* prop) {
+    const DWORD error = PropertyCodec::read(statement->handle(), 1, prop->propid, &prop->val);
+    prop->wFlags = 0;
+    return error;
+}
 
 bool isDeletion(const CEPROPVAL& prop) {
     return (prop.wFlags & CEDB_PROPDELETE) != 0;
@@ -79,6 +92,68 @@ DWORD RecordTable::read(CEOID oid, std::vector<CEPROPVAL>* props, int* rows) {
             return error;
         }
         ++*rows;
+    }
+    return SqlStatement::errorFor(result);
+}
+
+DWORD RecordTable::read(CEOID oid, const std::vector<CEPROPID>& wanted, std::vector<CEPROPVAL>* props,
+                        Presence* presence) {
+    *presence = Presence::Unknown;
+    props->clear();
+    props->resize(wanted.size());
+    for (size_t i = 0; i < wanted.size(); ++i) {
+        CEPROPVAL& prop = (*props)[i];
+        prop.propid = wanted[i];
+        prop.wFlags = CEDB_PROPNOTFOUND;
+    }
+    // Where each stored row goes: wanted itself when it is in ascending order without repeats (as a
+    // group's ids are), else its ids sorted with their places.
+    const bool ascending = std::adjacent_find(wanted.begin(), wanted.end(), std::greater_equal<>()) == wanted.end();
+    std::vector<std::pair<CEPROPID, size_t>> places;
+    if (!ascending) {
+        places.reserve(wanted.size());
+        for (size_t i = 0; i < wanted.size(); ++i) {
+            places.emplace_back(wanted[i], i);
+        }
+        std::sort(places.begin(), places.end());
+    }
+    SqlStatement* statement = m_volume.statement(kReadRange);
+    if (statement == nullptr) {
+        return ERROR_BADDB;
+    }
+    SqlStatement::Scope scope(*statement);
+    statement->bindInt(1, oid);
+    // With nothing wanted the range is empty and the query only tells whether the record exists.
+    const auto [lowest, highest] = std::minmax_element(wanted.begin(), wanted.end());
+    statement->bindInt(2, wanted.empty() ? 1 : *lowest);
+    statement->bindInt(3, wanted.empty() ? 0 : *highest);
+    int result = SQLITE_ROW;
+    while ((result = statement->step()) == SQLITE_ROW) {
+        *presence = Presence::Present;
+        if (statement->columnType(0) == SQLITE_NULL) {
+            continue;
+        }
+        // The range holds only 32-bit ids, since both its ends are.
+        const auto propid = static_cast<CEPROPID>(statement->columnInt(0));
+        DWORD error = ERROR_SUCCESS;
+        if (ascending) {
+            const auto found = std::lower_bound(wanted.begin(), wanted.end(), propid);
+            if (found != wanted.end() && *found == propid) {
+                error = readValue(statement, &(*props)[static_cast<size_t>(found - wanted.begin())]);
+            }
+        } else {
+            auto place = std::lower_bound(places.begin(), places.end(), std::pair<CEPROPID, size_t>(propid, 0));
+            for (; error == ERROR_SUCCESS && place != places.end() && place->first == propid; ++place) {
+                error = readValue(statement, &(*props)[place->second]);
+            }
+        }
+        if (error != ERROR_SUCCESS) {
+            props->clear();
+            return error;
+        }
+    }
+    if (result == SQLITE_DONE && *presence == Presence::Unknown) {
+        *presence = Presence::Gone;
     }
     return SqlStatement::errorFor(result);
 }

@@ -72,11 +72,19 @@ bool RecordDatabase::DeleteDatabase() {
 }
 
 CEOID RecordDatabase::SeekFirstEqual(const DbProp& value) {
+    return seekValue(CEDB_SEEK_VALUEFIRSTEQUAL, value);
+}
+
+CEOID RecordDatabase::SeekLastSmaller(const DbProp& value) {
+    return seekValue(CEDB_SEEK_VALUESMALLER, value);
+}
+
+CEOID RecordDatabase::seekValue(DWORD seekType, const DbProp& value) {
     if (!isOpen()) {
         SetLastError(ERROR_INVALID_HANDLE);
         return 0;
     }
-    m_current = CeSeekDatabase(m_handle, CEDB_SEEK_VALUEFIRSTEQUAL, value.toPropVal());
+    m_current = CeSeekDatabase(m_handle, seekType, value.toPropVal());
     m_pastEnd = m_current == 0;
     return m_current;
 }
@@ -91,6 +99,10 @@ CEOID RecordDatabase::SeekNext() {
     }
     // Nothing sought since opening: the next record is the first one.
     return m_current == 0 ? SeekFirst() : seek(CEDB_SEEK_CURRENT, 1);
+}
+
+CEOID RecordDatabase::SeekPrevious() {
+    return seek(CEDB_SEEK_CURRENT, static_cast<DWORD>(-1));
 }
 
 CEOID RecordDatabase::seek(DWORD seekType, DWORD value) {
@@ -114,6 +126,24 @@ bool RecordDatabase::ReadCurrent(DbRecord& record) {
         return false;
     }
     record = DbRecord::fromPropVals(values);
+    return true;
+}
+
+bool RecordDatabase::ReadCurrent(DbRecord& record, const std::vector<CEPROPID>& wanted) {
+    record.clear();
+    if (!isOpen()) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return false;
+    }
+    std::vector<CEPROPVAL> values;
+    if (CeReadRecordProps(m_handle, 0, wanted, &values) == 0) {
+        return false;
+    }
+    for (const CEPROPVAL& value : values) {
+        if ((value.wFlags & CEDB_PROPNOTFOUND) == 0) {
+            record.append(DbProp::fromPropVal(value));
+        }
+    }
     return true;
 }
 

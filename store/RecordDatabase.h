@@ -37,8 +37,17 @@ public:
     // The first, or the next, record in sort order; 0 at the end.
     CEOID SeekFirst();
     CEOID SeekNext();
+    // The record before the current one in sort order; 0 at the first record (or with nothing
+    // current), and nothing is current then.
+    CEOID SeekPrevious();
+    // The last record whose sort property is below value; 0 when there is none.
+    CEOID SeekLastSmaller(const DbProp& value);
     // Reads all properties of the current record into record.
     bool ReadCurrent(DbRecord& record);
+    // Reads only the properties of the current record whose ids (number and type) are in wanted, in
+    // the order of wanted; those the record lacks are left out. One query for a contiguous range of
+    // ids, however many records a walk reads: a group's sets, not the whole day.
+    bool ReadCurrent(DbRecord& record, const std::vector<CEPROPID>& wanted);
     // Writes record into record oid (0: a new one); returns the record's identifier or 0.
     CEOID Write(const DbRecord& record, CEOID oid);
     bool DeleteRecord(CEOID oid);
@@ -48,6 +57,7 @@ public:
 
 private:
     CEOID seek(DWORD seekType, DWORD value);
+    CEOID seekValue(DWORD seekType, const DbProp& value);
 
     HANDLE m_handle = nullptr;
     QString m_name;

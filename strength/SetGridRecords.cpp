@@ -1,8 +1,25 @@
 #include "SetGridRecords.h"
 
-#include "DayCursor.h"
+#include "DayKey.h"
+#include "RecordDatabase.h"
 
 namespace {
+// The ids of the group's 60 properties, typed as a save writes them: a walk back reads only these.
+// The numbers depend on the group's index alone, not on its region.
+const std::vector<CEPROPID>& groupPropIds(const MuscleGroup& group) {
+    static const auto ids = [] {
+        std::array<std::vector<CEPROPID>, MuscleGroup::kGroupsPerRegion> all;
+        for (const MuscleGroup& each : MuscleGroup::ofRegion(BodyRegion::Upper)) {
+            const DbRecord saved = GroupSets().toRecord(each);
+            for (const DbProp& prop : saved.props()) {
+                all[static_cast<size_t>(each.index())].push_back(prop.id());
+            }
+        }
+        return all;
+    }();
+    return ids[static_cast<size_t>(group.index())];
+}
+
 // Whether record's first set of group qualifies: any recorded exercise, or exactly `exercise`.
 bool firstSetMatches(const DbRecord& record, const MuscleGroup& group, const QString& exercise) {
     const DbProp* first = record.find(group.setNumber(0));
@@ -19,9 +36,10 @@ SetGridRecords::SetGridRecords(QString aName, QString bName, QObject* owner)
 
 std::optional<GroupSets> SetGridRecords::open(const QDate& day, const MuscleGroup& group,
                                               const PullSettings& settings) const {
-    DayCursor cursor;
+    RecordDatabase db;
     DbRecord today;
-    if (!cursor.open(m_records.databaseOf(group)) || cursor.seekDay(day) == 0 || !cursor.read(today)) {
+    if (!db.Open(m_records.databaseOf(group), DayKey::kPropId) || db.SeekFirstEqual(DayKey::prop(day)) == 0 ||
+        !db.ReadCurrent(today, groupPropIds(group))) {
         StrengthRecords::report(m_owner, StrengthRecords::kErrorAccessingDatabase);
         return std::nullopt;
     }
@@ -29,7 +47,11 @@ std::optional<GroupSets> SetGridRecords::open(const QDate& day, const MuscleGrou
     if (GroupSets::holdsGroup(today, group) || !settings.pullLast) {
         return GroupSets::fromRecord(today, group);
     }
-    return searchFrom(cursor, cursor.previous(), group, QString()).found.value_or(GroupSets());
+    const Search earlier = searchFrom(db, db.SeekPrevious(), group, QString());
+    if (earlier.failed) {
+        return std::nullopt;
+    }
+    return earlier.found.value_or(GroupSets());
 }
 
 bool SetGridRecords::firstExerciseChanged(const QDate& day, const MuscleGroup& group, GroupSets& sets,
@@ -60,27 +82,34 @@ bool SetGridRecords::save(const QDate& day, const MuscleGroup& group, const Grou
 
 SetGridRecords::Search SetGridRecords::lastLedBy(const QDate& day, const MuscleGroup& group,
                                                  const QString& exercise) const {
-    DayCursor cursor;
-    if (!cursor.open(m_records.databaseOf(group))) {
+    RecordDatabase db;
+    if (!db.Open(m_records.databaseOf(group), DayKey::kPropId)) {
         StrengthRecords::report(m_owner, StrengthRecords::kErrorAccessingDatabase);
         return {std::nullopt, true};
     }
     // From the day's own record when it has one, so that the walk goes record by record from it.
-    const CEOID from = cursor.seekDay(day) != 0 ? cursor.previous() : cursor.seekBefore(day);
-    return searchFrom(cursor, from, group, exercise);
+    const DbProp key = DayKey::prop(day);
+    const CEOID from = db.SeekFirstEqual(key) != 0 ? db.SeekPrevious() : db.SeekLastSmaller(key);
+    return searchFrom(db, from, group, exercise);
 }
 
-SetGridRecords::Search SetGridRecords::searchFrom(DayCursor& cursor, CEOID from, const MuscleGroup& group,
+SetGridRecords::Search SetGridRecords::searchFrom(RecordDatabase& db, CEOID from, const MuscleGroup& group,
                                                   const QString& exercise) const {
+    const std::vector<CEPROPID>& wanted = groupPropIds(group);
     DbRecord record;
-    for (CEOID oid = from; oid != 0; oid = cursor.previous()) {
-        if (!cursor.read(record)) {
+    for (CEOID oid = from; oid != 0; oid = db.SeekPrevious()) {
+        if (!db.ReadCurrent(record, wanted)) {
             StrengthRecords::report(m_owner, StrengthRecords::kErrorAccessingDatabase);
             return {std::nullopt, true};
         }
         if (firstSetMatches(record, group, exercise)) {
             return {GroupSets::fromRecord(record, group), false};
         }
+    }
+    // The walk ends at the first record; any other end is a failure to report.
+    if (GetLastError() != ERROR_NO_MORE_ITEMS) {
+        StrengthRecords::report(m_owner, StrengthRecords::kErrorAccessingDatabase);
+        return {std::nullopt, true};
     }
     return {};
 }

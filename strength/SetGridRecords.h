@@ -10,7 +10,7 @@
 
 #include <optional>
 
-class DayCursor;
+class RecordDatabase;
 
 class SetGridRecords {
 public:
@@ -40,9 +40,9 @@ private:
     };
     // The last day before `day` whose first set of group holds exercise.
     Search lastLedBy(const QDate& day, const MuscleGroup& group, const QString& exercise) const;
-    // Walks from record `from` (current in cursor) toward earlier days until a record's first set
-    // of group holds exercise, or any exercise when that is empty.
-    Search searchFrom(DayCursor& cursor, CEOID from, const MuscleGroup& group, const QString& exercise) const;
+    // Walks from record `from` (current in db) toward earlier days until a record's first set of
+    // group holds exercise, or any exercise when that is empty. Reads only the group's properties.
+    Search searchFrom(RecordDatabase& db, CEOID from, const MuscleGroup& group, const QString& exercise) const;
 
     StrengthRecords m_records;
     QObject* m_owner = nullptr;
