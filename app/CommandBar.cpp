@@ -38,6 +38,7 @@ void CommandBar::clear() {
     m_menu = nullptr;
     m_menuButton = nullptr;
     m_commands.clear();
+    m_addedMenus.clear();
 }
 
 void CommandBar::removeItems() {
@@ -51,21 +52,47 @@ void CommandBar::removeItems() {
     m_items.clear();
 }
 
-void CommandBar::insertMenuBar(int menuId) {
-    m_menuButton = new QToolButton(this);
-    m_menuButton->setObjectName(QStringLiteral("menubar%1").arg(menuId));
-    m_menuButton->setText(MenuResource::title(menuId));
-    m_menuButton->setAutoRaise(true);
-    m_menuButton->setFixedHeight(kButtonHeight);
-    m_menuButton->setMinimumWidth(40);
-    m_menu = new QMenu(m_menuButton);
+QToolButton* CommandBar::makeMenuButton(int menuId, QMenu*& menu) {
+    auto* button = new QToolButton(this);
+    button->setObjectName(QStringLiteral("menubar%1").arg(menuId));
+    button->setText(MenuResource::title(menuId));
+    button->setAutoRaise(true);
+    button->setFixedHeight(kButtonHeight);
+    button->setMinimumWidth(40);
+    menu = new QMenu(button);
     for (const MenuItem& item : MenuResource::items(menuId)) {
-        QAction* action = m_menu->addAction(item.text);
+        QAction* action = menu->addAction(item.text);
         action->setObjectName(actionName(item.command));
         const int command = item.command;
         connect(action, &QAction::triggered, this, [this, command] { emit commandChosen(command); });
     }
-    connect(m_menuButton, &QToolButton::clicked, this, &CommandBar::openMenu);
+    connect(button, &QToolButton::clicked, this, [this, menu] { openMenu(menu); });
+    return button;
+}
+
+void CommandBar::addMenu(int menuId) {
+    QMenu* menu = nullptr;
+    QToolButton* button = makeMenuButton(menuId, menu);
+    m_layout->insertWidget(m_layout->count() - 1, button);
+    QWidget* gap = spacer(this, kGap);
+    m_layout->insertWidget(m_layout->count() - 1, gap);
+    m_items.insert(m_items.end(), {button, gap});
+    m_addedMenus.emplace_back(menuId, menu);
+    button->show();
+    gap->show();
+}
+
+QMenu* CommandBar::addedMenu(int menuId) const {
+    for (const auto& [id, menu] : m_addedMenus) {
+        if (id == menuId) {
+            return menu;
+        }
+    }
+    return nullptr;
+}
+
+void CommandBar::insertMenuBar(int menuId) {
+    m_menuButton = makeMenuButton(menuId, m_menu);
     // The menu comes first, before any tool-bar button already there.
     m_layout->insertWidget(0, m_menuButton);
     QWidget* gap = spacer(this, kGap);
@@ -105,9 +132,15 @@ bool CommandBar::addToolBar(int toolBarId) {
 }
 
 void CommandBar::openMenu() {
-    if (m_menu == nullptr) {
+    openMenu(m_menu);
+}
+
+void CommandBar::openMenu(QMenu* menu) {
+    if (menu == nullptr) {
         return;
     }
-    const QPoint topLeft = m_menuButton->mapToGlobal(QPoint(0, 0));
-    m_menu->popup(topLeft - QPoint(0, m_menu->sizeHint().height()));
+    // Each pop-up belongs to its button.
+    auto* button = qobject_cast<QWidget*>(menu->parent());
+    const QPoint topLeft = button->mapToGlobal(QPoint(0, 0));
+    menu->popup(topLeft - QPoint(0, menu->sizeHint().height()));
 }

@@ -6,6 +6,7 @@
 #include "ConfirmDialog.h"
 #include "DeviceScreen.h"
 #include "GoalsDialog.h"
+#include "ItemListDialog.h"
 #include "MessageBox.h"
 #include "OptionsDialog.h"
 #include "PhotoViewer.h"
@@ -271,9 +272,22 @@ void MainDialog::ShowSetGrid(const QDate& date, int groupCode) {
     if (!m_setGrid) {
         return;
     }
+    // The grid is left through its own save and cancel buttons: the tab row goes while it is up.
+    m_tabControl->hide();
+    showSetGridCommandBar();
     m_setGrid->openGroup(date, groupCode);
     m_setGrid->show();
     m_setGrid->raise();
+}
+
+void MainDialog::showSetGridCommandBar() {
+    if (m_commandBar == nullptr) {
+        return;
+    }
+    m_commandBar->clear();
+    m_commandBar->insertMenuBar(IDR_MENUBAR);
+    m_commandBar->addMenu(IDR_SETGRID_MENU);
+    m_commandBar->addToolBar(IDR_SETGRID_TOOLBAR);
 }
 
 void MainDialog::forwardDateToStrengthPage(BodyRegion region, const QDate& date) {
@@ -292,6 +306,7 @@ void MainDialog::returnFromSetGrid(int groupCode) {
     if (m_setGrid) {
         m_setGrid->hide();
     }
+    m_tabControl->show();
     const BodyRegion region = groupCode < 1200 ? BodyRegion::Upper : BodyRegion::Lower;
     SelectPage(region == BodyRegion::Upper ? 1 : 2);
     if (Page* target = strengthPage(region)) {
@@ -302,6 +317,20 @@ void MainDialog::returnFromSetGrid(int groupCode) {
 ConfirmResult MainDialog::confirm(const ConfirmRequest& request) {
     ConfirmDialog dialog(this);
     return dialog.ask(request);
+}
+
+int MainDialog::runDialog(QDialog& dialog) {
+    if (dialog.parentWidget() == nullptr) {
+        dialog.setParent(this, dialog.windowFlags());
+    }
+    return DeviceScreen::runModal(dialog);
+}
+
+QString MainDialog::editItemList(const QString& databaseName) {
+    ItemListDialog dialog(this);
+    dialog.setDatabaseName(databaseName);
+    dialog.edit();
+    return dialog.nameHandedBack();
 }
 
 // --- Commands -------------------------------------------------------------------------------------
@@ -361,6 +390,17 @@ void MainDialog::onCommand(int command) {
     case ID_FOOD_ADDMEAL:
         if (m_foodPage) {
             m_foodPage->handleCommand(command);
+        }
+        break;
+    case ID_GRID_SAVE:
+    case ID_GRID_CANCEL:
+    case ID_GRID_SELECTEXERCISE:
+    case ID_GRID_EDITLIST:
+    case ID_CLEAR_ALLROWS:
+    case ID_CLEAR_CURRENTROW:
+    case ID_CLEAR_ROWANDBELOW:
+        if (m_setGrid && m_setGrid->isVisible()) {
+            m_setGrid->handleCommand(command);
         }
         break;
     case ID_IGNORED_32774:

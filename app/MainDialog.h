@@ -65,6 +65,8 @@ public:
     void forwardTimesToStrengthPage(BodyRegion region, const WorkoutTimes& times) override;
     void returnFromSetGrid(int groupCode) override;
     ConfirmResult confirm(const ConfirmRequest& request) override;
+    int runDialog(QDialog& dialog) override;
+    QString editItemList(const QString& databaseName) override;
 
     // The page of tab index (nullptr before it is loaded).
     Page* page(int index) const;
@@ -95,6 +97,7 @@ private:
     void placePages();
     void switchPage();
     void rebuildCommandBar(int index);
+    void showSetGridCommandBar();
     void saveAerobicIfVisible();
     Page* strengthPage(BodyRegion region) const;
     void forEachLogPage(void (Page::*hook)());

@@ -23,6 +23,9 @@ QString pathOf(int id) {
         {IDB_FOOD_TOOLBAR, QStringLiteral(":/bitmaps/toolbar_food.bmp")},
         {IDB_STARTUP, QStringLiteral(":/bitmaps/startup.bmp")},
         {IDB_INPUTPANEL, QStringLiteral(":/bitmaps/inputpanel.bmp")},
+        {IDB_SETGRID_BAR, QStringLiteral(":/bitmaps/setgrid_bar.bmp")},
+        {IDB_SETGRID_TOOLBAR, QStringLiteral(":/bitmaps/toolbar_setgrid.bmp")},
+        {IDB_NOW, QStringLiteral(":/bitmaps/now.bmp")},
     };
     return paths.value(id);
 }

@@ -3,10 +3,24 @@
 #include "resource.h"
 
 QString MenuResource::title(int menuId) {
-    return menuId == IDR_MENUBAR ? QStringLiteral("Menu") : QString();
+    switch (menuId) {
+    case IDR_MENUBAR:
+        return QStringLiteral("Menu");
+    case IDR_SETGRID_MENU:
+        return QStringLiteral("Clear...");
+    default:
+        return {};
+    }
 }
 
 std::vector<MenuItem> MenuResource::items(int menuId) {
+    if (menuId == IDR_SETGRID_MENU) {
+        return {
+            {ID_CLEAR_ALLROWS, QStringLiteral("All Rows")},
+            {ID_CLEAR_CURRENTROW, QStringLiteral("Current Row")},
+            {ID_CLEAR_ROWANDBELOW, QStringLiteral("Current Row and all below it")},
+        };
+    }
     if (menuId != IDR_MENUBAR) {
         return {};
     }

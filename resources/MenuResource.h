@@ -1,5 +1,6 @@
 #pragma once
-// The menus of the command bar. Menu bar 129 holds one pop-up, "Menu", with the program's commands.
+// The menus of the command bar. Menu bar 129 holds one pop-up, "Menu", with the program's commands;
+// menu 291 is the set-entry grid's pop-up "Clear...".
 
 #include <QString>
 

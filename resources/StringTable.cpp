@@ -42,6 +42,14 @@ QString StringTable::load(int id) {
         return QStringLiteral("Misc 2");
     case ID_FOOD_ADDMEAL:
         return QStringLiteral("Add Meal");
+    case ID_GRID_SAVE:
+        return QStringLiteral("Save");
+    case ID_GRID_CANCEL:
+        return QStringLiteral("Cancel");
+    case ID_GRID_SELECTEXERCISE:
+        return QStringLiteral("Select an exercise");
+    case ID_GRID_EDITLIST:
+        return QStringLiteral("Edit the exercise list");
     default:
         return {};
     }

@@ -16,6 +16,7 @@ QString pathOf(int id) {
         {IDR_UPPERBODY_TOOLBAR, QStringLiteral(":/toolbars/upperbody.bin")},
         {IDR_LOWERBODY_TOOLBAR, QStringLiteral(":/toolbars/lowerbody.bin")},
         {IDR_FOOD_TOOLBAR, QStringLiteral(":/toolbars/food.bin")},
+        {IDR_SETGRID_TOOLBAR, QStringLiteral(":/toolbars/setgrid.bin")},
     };
     return paths.value(id);
 }

@@ -5,7 +5,8 @@
 //
 // The program's own furniture that has no number of its own elsewhere (the progress box's and the
 // confirmation dialog's controls, the goals, about and photo dialogs, two bitmaps) takes its ids
-// from the ranges 270-289 and 1300-1399, which nothing else uses.
+// from the ranges 270-299 and 1300-1399, which nothing else uses; commands of our own come from
+// 32870-32899.
 
 // --- Dialogs ----------------------------------------------------------------------------------
 constexpr int IDD_KOVALIN_DIALOG = 102; // the main dialog: the tab control and nothing else
@@ -16,6 +17,7 @@ constexpr int IDD_AEROBIC = 136;
 constexpr int IDD_FOOD = 137;
 constexpr int IDD_REPORTS = 138;
 constexpr int IDD_SETGRID = 143;
+constexpr int IDD_ITEMLIST = 175;
 constexpr int IDD_CALENDAR = 182;
 constexpr int IDD_OPTIONS = 194;
 constexpr int IDD_CONFIRM = 215;
@@ -24,6 +26,7 @@ constexpr int IDD_SELECTUSER = 233;
 constexpr int IDD_GOALS = 270;
 constexpr int IDD_ABOUTBOX = 271;
 constexpr int IDD_PHOTO = 272;
+constexpr int IDD_SELECTEXERCISE = 290; // "Select an exercise": the set-entry grid's exercise picker
 
 // --- Icons, menus and tool bars ---------------------------------------------------------------
 constexpr int IDR_MAINFRAME = 128; // the program's icon, large and small
@@ -33,6 +36,8 @@ constexpr int IDR_LOWERBODY_TOOLBAR = 157;
 constexpr int IDR_FOOD_TOOLBAR = 162;
 constexpr int IDR_TODAY_TOOLBAR = 178;
 constexpr int RT_TOOLBAR = 241; // the resource type tool bars are kept as
+constexpr int IDR_SETGRID_MENU = 291;    // the set-entry grid's pop-up "Clear..."
+constexpr int IDR_SETGRID_TOOLBAR = 292; // the set-entry grid's buttons: save, cancel, pick, edit list
 
 // --- Bitmaps ----------------------------------------------------------------------------------
 // The seven tab images (15 pixels wide, masked on pure green).
@@ -50,6 +55,9 @@ constexpr int IDB_FOOD_TOOLBAR = IDR_FOOD_TOOLBAR;
 constexpr int IDB_TODAY_TOOLBAR = IDR_TODAY_TOOLBAR;
 constexpr int IDB_STARTUP = 280;    // the picture of the start-up progress box
 constexpr int IDB_INPUTPANEL = 281; // the input-panel button of the command bar
+constexpr int IDB_SETGRID_BAR = 197;                      // the column heads over the set-entry grid's rows
+constexpr int IDB_SETGRID_TOOLBAR = IDR_SETGRID_TOOLBAR; // the set-entry grid's button images
+constexpr int IDB_NOW = 293;                              // the strength pages' "!" (now) buttons
 
 // --- Controls ---------------------------------------------------------------------------------
 constexpr int IDC_TAB = 1000; // the main dialog's tab row
@@ -64,6 +72,40 @@ constexpr int IDC_ASONE = 1127;
 
 // Select-user dialog.
 constexpr int IDC_USERLIST = 1028;
+
+// Strength log pages (dialogs 132 and 135).
+constexpr int IDC_STRENGTH_DATE = 1004;
+constexpr int IDC_STRENGTH_START = 1005;
+constexpr int IDC_STRENGTH_END = 1006;
+constexpr int IDC_STRENGTH_LIST = 1007;
+constexpr int IDC_STRENGTH_NOTES = 1014;
+constexpr int IDC_STRENGTH_COMPLETED = 1015;
+constexpr int IDC_STRENGTH_STARTNOW = 1018;
+constexpr int IDC_STRENGTH_ENDNOW = 1019;
+constexpr int IDC_STRENGTH_ELAPSED = 1085;
+constexpr int IDC_STRENGTH_DBG = 1088;
+
+// Set-entry grid (dialog 143): the bitmap bar, the scroll bar, and per row (1-12) the exercise,
+// reps, weight edit, up-down, rest and intensity controls.
+constexpr int IDC_GRID_BAR = 1002;
+constexpr int IDC_GRID_SCROLL = 1050;
+constexpr int IDC_GRID_ROWS[12][6] = {
+    {1009, 1010, 1013, 1046, 1014, 1012}, {1039, 1011, 1015, 1047, 1018, 1016}, {1040, 1020, 1021, 1024, 1023, 1022},
+    {1041, 1025, 1026, 1029, 1028, 1027}, {1042, 1030, 1031, 1034, 1033, 1032}, {1045, 1035, 1036, 1044, 1043, 1037},
+    {1057, 1052, 1053, 1056, 1055, 1054}, {1063, 1058, 1059, 1062, 1061, 1060}, {1081, 1076, 1077, 1080, 1079, 1078},
+    {1087, 1082, 1083, 1086, 1085, 1084}, {1093, 1088, 1089, 1092, 1091, 1090}, {1099, 1094, 1095, 1098, 1097, 1096},
+};
+
+// Item list editor (dialog 175).
+constexpr int IDC_ITEM_ADD = 1002;
+constexpr int IDC_ITEM_EDIT = 1008;
+constexpr int IDC_ITEM_LIST = 1028;
+constexpr int IDC_ITEM_DELETE = 1030;
+constexpr int IDC_ITEM_PROMPT1 = 1065;
+constexpr int IDC_ITEM_PROMPT2 = 1066;
+
+// "Select an exercise" (dialog 290).
+constexpr int IDC_EXERCISE_LIST = 1330;
 
 // Start-up progress box.
 constexpr int IDC_STARTUP_PICTURE = 1300;
@@ -116,6 +158,19 @@ constexpr int ID_LOWER_MISC2 = 32839;
 
 // Food tool bar (162).
 constexpr int ID_FOOD_ADDMEAL = 32828;
+
+// The strength list's row menu.
+constexpr int ID_STRENGTH_DELETE = 32870;
+constexpr int ID_STRENGTH_EDIT = 32871;
+
+// The set-entry grid: its buttons and its "Clear..." pop-up.
+constexpr int ID_GRID_SAVE = 32872;
+constexpr int ID_GRID_CANCEL = 32873;
+constexpr int ID_GRID_SELECTEXERCISE = 32874;
+constexpr int ID_GRID_EDITLIST = 32875;
+constexpr int ID_CLEAR_ALLROWS = 32876;
+constexpr int ID_CLEAR_CURRENTROW = 32877;
+constexpr int ID_CLEAR_ROWANDBELOW = 32878;
 
 // Commands the main window receives and ignores.
 constexpr int ID_IGNORED_32774 = 32774;

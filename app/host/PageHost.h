@@ -8,6 +8,8 @@
 #include <QDate>
 #include <QString>
 
+class QDialog;
+
 class PageHost {
 public:
     virtual ~PageHost() = default;
@@ -44,4 +46,10 @@ public:
 
     // Shows the confirmation dialog over the screen.
     virtual ConfirmResult confirm(const ConfirmRequest& request) = 0;
+    // Runs a page's own dialog modally over the client area, as the device shows dialogs; its
+    // result (QDialog::Accepted or Rejected).
+    virtual int runDialog(QDialog& dialog) = 0;
+    // Opens the item list editor on the name-list database databaseName and returns, when it has
+    // closed, the last name added during the visit (empty when none).
+    virtual QString editItemList(const QString& databaseName) = 0;
 };

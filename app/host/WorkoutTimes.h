@@ -2,10 +2,10 @@
 // The times of one day's strength workout, handed from one strength page to the other when an
 // upper- and a lower-body workout on the same day count as one workout.
 
+#include "BodyRegion.h"
+
 #include <QDateTime>
 #include <QTime>
-
-enum class BodyRegion { Upper, Lower };
 
 struct WorkoutTimes {
     QDateTime start;
