@@ -1,0 +1,87 @@
+#include "StrengthScreenTest.h"
+
+#include "Clock.h"
+#include "StrengthRecords.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QTest>
+
+StrengthScreenTest::StrengthScreenTest() {
+    Clock::setFixed(kNow);
+}
+
+StrengthScreenTest::~StrengthScreenTest() {
+    Clock::setFixed(std::nullopt);
+}
+
+StrengthLogPage& StrengthScreenTest::showPage(BodyRegion region) {
+    if (!m_screen) {
+        start(false, &m_pages);
+    }
+    main().SelectPage(region == BodyRegion::Upper ? 1 : 2);
+    return page(region);
+}
+
+StrengthLogPage& StrengthScreenTest::page(BodyRegion region) const {
+    return *static_cast<StrengthLogPage*>(m_screen->mainDialog().page(region == BodyRegion::Upper ? 1 : 2));
+}
+
+SetGrid& StrengthScreenTest::grid() const {
+    return *static_cast<SetGrid*>(m_screen->mainDialog().setGrid());
+}
+
+QStringList StrengthScreenTest::rows(BodyRegion region) const {
+    QStringList texts;
+    QTreeWidget* view = list(region);
+    for (int row = 0; row < view->topLevelItemCount(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < view->columnCount(); ++column) {
+            cells << view->topLevelItem(row)->text(column);
+        }
+        texts << cells.join('|');
+    }
+    return texts;
+}
+
+void StrengthScreenTest::holdAndChoose(QWidget* target, const QPoint& position, int command, QStringList* shown) {
+    bool done = false;
+    QTimer poll;
+    poll.setInterval(0);
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (menu == nullptr || done) {
+            return;
+        }
+        done = true;
+        if (shown != nullptr) {
+            for (QAction* action : menu->actions()) {
+                *shown << action->text();
+            }
+        }
+        QAction* action = menu->findChild<QAction*>(QStringLiteral("cmd%1").arg(command));
+        if (action == nullptr) {
+            menu->close();
+        } else {
+            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+        }
+    });
+    poll.start();
+    QTest::mousePress(target, Qt::LeftButton, {}, position);
+    ASSERT_TRUE(waitUntil([&done] { return done; }));
+    poll.stop();
+    QTest::mouseRelease(target, Qt::LeftButton, {}, position);
+}
+
+void StrengthScreenTest::writeSets(const QDate& day, const MuscleGroup& group, const QList<StrengthSet>& sets) {
+    const bool upper = group.region() == BodyRegion::Upper;
+    const StrengthRecords records(upper ? main().upperBodyADatabaseName() : main().lowerBodyADatabaseName(),
+                                  upper ? main().upperBodyBDatabaseName() : main().lowerBodyBDatabaseName());
+    ASSERT_TRUE(records.EnsureDatabases());
+    ASSERT_TRUE(records.EnsureDay(day));
+    GroupSets rows;
+    for (int row = 0; row < sets.size(); ++row) {
+        rows.at(row) = sets[row];
+    }
+    ASSERT_TRUE(records.WriteGroup(day, group, rows));
+}

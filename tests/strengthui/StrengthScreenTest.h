@@ -1,0 +1,53 @@
+#pragma once
+// The strength screens on the whole program: a started device screen of the program's own pages on
+// a fresh device with the clock fixed, tap-and-hold installed, and what the strength databases hold
+// read back with plain SQL.
+
+#include "SetGrid.h"
+#include "ShellPageFactory.h"
+#include "ShellTestSupport.h"
+#include "StoredStrength.h"
+#include "StrengthLogPage.h"
+#include "TapAndHold.h"
+#include "MessageBox.h"
+#include "resource.h"
+
+#include <QComboBox>
+#include <QDateTimeEdit>
+#include <QLineEdit>
+#include <QTreeWidget>
+
+constexpr int kI2 = 2, kUI2 = 18, kR8 = 5, kText = 31;
+
+class StrengthScreenTest : public ShellTest {
+protected:
+    // The clock stands at 14 March 2024, 9:41.
+    static inline const QDateTime kNow{QDate(2024, 3, 14), QTime(9, 41)};
+
+    StrengthScreenTest();
+    ~StrengthScreenTest() override;
+
+    // Starts the program and shows the region's tab.
+    StrengthLogPage& showPage(BodyRegion region);
+    StrengthLogPage& page(BodyRegion region) const;
+    SetGrid& grid() const;
+    StoredStrength stored() const { return StoredStrength(m_device.paths().objectStore()); }
+
+    template <typename T> static T* control(const QWidget& parent, int id) {
+        auto* found = parent.findChild<T*>(QStringLiteral("c%1").arg(id));
+        EXPECT_NE(found, nullptr) << "no control " << id;
+        return found;
+    }
+    QTreeWidget* list(BodyRegion region) const { return control<QTreeWidget>(page(region), IDC_STRENGTH_LIST); }
+    // The list's rows, each as its five texts joined by '|'.
+    QStringList rows(BodyRegion region) const;
+
+    // Holds the stylus on target at position until its context menu is up, records the menu's
+    // items in shown (when given) and chooses the item named command (nothing when 0).
+    void holdAndChoose(QWidget* target, const QPoint& position, int command, QStringList* shown = nullptr);
+    // Writes sets of a group of day straight into the store, as an earlier visit to the grid left them.
+    void writeSets(const QDate& day, const MuscleGroup& group, const QList<StrengthSet>& sets);
+
+    ShellPageFactory m_pages;
+    TapAndHold m_tapAndHold{30};
+};
