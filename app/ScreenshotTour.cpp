@@ -8,19 +8,27 @@
 #include "DevicePaths.h"
 #include "KovalinApp.h"
 #include "MainDialog.h"
+#include "SetGrid.h"
 #include "StartupDialog.h"
+#include "StrengthRecords.h"
 #include "resource.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDir>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QPainter>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTabBar>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QTreeWidget>
 
 #include <cstdio>
 
@@ -28,6 +36,62 @@ namespace {
 const QStringList kTabNames = {QStringLiteral("today"),   QStringLiteral("upper-body"), QStringLiteral("lower-body"),
                                QStringLiteral("aerobic"), QStringLiteral("food"),       QStringLiteral("reports"),
                                QStringLiteral("calendar")};
+
+StrengthSet set(const char* exercise, const char* reps, double weight, const char* rest, int intensity) {
+    StrengthSet made;
+    made.exercise = QString::fromLatin1(exercise);
+    made.reps = QString::fromLatin1(reps);
+    made.weight = weight;
+    made.rest = QString::fromLatin1(rest);
+    made.intensity = intensity;
+    return made;
+}
+
+bool writeGroup(const StrengthRecords& records, const QDate& day, const MuscleGroup& group,
+                const std::vector<StrengthSet>& sets) {
+    GroupSets rows;
+    for (size_t row = 0; row < sets.size(); ++row) {
+        rows.at(static_cast<int>(row)) = sets[row];
+    }
+    return records.WriteGroup(day, group, rows);
+}
+
+bool writeHeader(const StrengthRecords& records, const QDate& day, QTime start, QTime end, const char* notes) {
+    WorkoutHeader header;
+    header.start = QDateTime(day, start);
+    header.end = QDateTime(day, end);
+    header.elapsed = WorkoutHeader::elapsedBetween(header.start, header.end);
+    header.completed = 1;
+    header.notes = QString::fromLatin1(notes);
+    return records.EnsureDatabases() && records.EnsureDay(day) && records.WriteHeader(day, header);
+}
+
+// This morning's workout of the Default user, upper and lower body, and an earlier chest day.
+bool writeWorkout(const QDate& today) {
+    const StrengthRecords upper(QStringLiteral("Kov2AUpperBody"), QStringLiteral("Kov2BUpperBody"));
+    const StrengthRecords lower(QStringLiteral("Kov2ALowerBody"), QStringLiteral("Kov2BLowerBody"));
+    const char* notes = "Felt strong. Up 5 lb on the bench press.";
+    const MuscleGroup chest(BodyRegion::Upper, 0);
+    return writeHeader(upper, today, QTime(6, 30), QTime(7, 45), notes) &&
+           writeHeader(lower, today, QTime(6, 30), QTime(7, 45), notes) &&
+           writeGroup(upper, today, chest,
+                      {set("Barbell Bench Press", "10", 135, "2", 6), set("Barbell Bench Press", "8", 155, "2", 7),
+                       set("Barbell Bench Press", "6", 175, "3", 9), set("Incline Dumbbell Press", "10", 50, "2", 7),
+                       set("Incline Dumbbell Press", "10", 50, "2", 8), set("Dumbbell Flyes", "12", 30, "1", 6),
+                       set("Dumbbell Flyes", "12", 30, "1", 7), set("Dumbbell Flyes", "10", 35, "1", 8),
+                       set("Dumbbell Bench Press", "10", 60, "2", 8), set("Dumbbell Bench Press", "8", 65, "2", 9),
+                       set("Dumbbell Bench Press", "8", 65, "2", 9)}) &&
+           writeGroup(upper, today, MuscleGroup(BodyRegion::Upper, 1),
+                      {set("Seated Dumbbell Press", "10", 40, "2", 7), set("Side Raises", "12", 15, "1", 6)}) &&
+           writeGroup(upper, today, MuscleGroup(BodyRegion::Upper, 3),
+                      {set("Close Grip Pushdowns", "12", 70, "1", 7), set("Bench Dips", "15", 0, "1", 8)}) &&
+           writeGroup(lower, today, MuscleGroup(BodyRegion::Lower, 0),
+                      {set("Barbell Squats", "10", 185, "3", 7), set("Barbell Squats", "8", 205, "3", 8),
+                       set("Leg Press", "12", 270, "2", 8)}) &&
+           writeGroup(lower, today, MuscleGroup(BodyRegion::Lower, 2),
+                      {set("Standing Calf Raises", "15", 120, "1", 6), set("Seated Calf Raises", "15", 90, "1", 7)}) &&
+           writeGroup(lower, today, MuscleGroup(BodyRegion::Lower, 3), {set("Floor Crunches", "25", 0, "1", 5)});
+}
 } // namespace
 
 ScreenshotTour::ScreenshotTour(const QString& directory) : m_directory(directory) {}
@@ -45,6 +109,11 @@ int ScreenshotTour::run() {
         return 1;
     }
     Clock::setFixed(QDateTime(QDate(2024, 3, 14), QTime(9, 41)));
+    if (!writeWorkout(QDate(2024, 3, 14))) {
+        std::fprintf(stderr, "kovalin: cannot write the demonstration workout\n");
+        CeUnmountObjectStore();
+        return 1;
+    }
     int code = 0;
     {
         DeviceMessageBoxPresenter presenter;
@@ -111,7 +180,75 @@ void ScreenshotTour::tourPages() {
         }
     });
     screen.findChild<QAction*>(QStringLiteral("cmd%1").arg(ID_MENU_OPTIONS))->trigger();
+    tourStrength();
     QApplication::quit();
+}
+
+void ScreenshotTour::tourStrength() {
+    MainDialog& main = m_app->screen().mainDialog();
+    main.SelectPage(1);
+    auto* list = main.page(1)->findChild<QTreeWidget*>(QStringLiteral("c%1").arg(IDC_STRENGTH_LIST));
+    QWidget* viewport = list->viewport();
+    // Tap-and-hold below the rows (the group menu), then on the fourth row (Delete and Edit).
+    list->scrollToBottom();
+    const QRect lastRow = list->visualItemRect(list->topLevelItem(list->topLevelItemCount() - 1));
+    const QPoint below(60, std::min(lastRow.bottom() + 12, viewport->height() - 4));
+    openContextMenu(viewport, below, QStringLiteral("upper-body-group-menu.png"));
+    list->scrollToTop();
+    openContextMenu(viewport, list->visualItemRect(list->topLevelItem(3)).center(),
+                    QStringLiteral("upper-body-row-menu.png"));
+    list->clearSelection();
+
+    command(ID_UPPER_CHEST);
+    save(grabScreen(), QStringLiteral("set-grid.png"));
+    auto* grid = static_cast<SetGrid*>(main.setGrid());
+    grid->scrollBar()->setValue(grid->scrollBar()->maximum());
+    save(grabScreen(), QStringLiteral("set-grid-scrolled.png"));
+    grid->scrollBar()->setValue(0);
+    main.commandBar()->openMenu(main.commandBar()->addedMenu(IDR_SETGRID_MENU));
+    QApplication::processEvents();
+    save(grabScreen(), QStringLiteral("set-grid-clear-menu.png"));
+    main.commandBar()->addedMenu(IDR_SETGRID_MENU)->hide();
+
+    grid->row(5).exercise->setFocus();
+    whenUp(QStringLiteral("SelectExerciseDialog"), QStringLiteral("select-exercise.png"));
+    command(ID_GRID_SELECTEXERCISE);
+    whenUp(QStringLiteral("ItemListDialog"), QStringLiteral("item-list.png"), QStringLiteral("Cable Crossover"));
+    command(ID_GRID_EDITLIST);
+    command(ID_GRID_CANCEL);
+    main.SelectPage(0);
+}
+
+void ScreenshotTour::openContextMenu(QWidget* target, const QPoint& position, const QString& name) {
+    QTimer::singleShot(0, this, [this, name] {
+        save(grabScreen(), name);
+        if (QWidget* popup = QApplication::activePopupWidget()) {
+            popup->close();
+        }
+    });
+    QContextMenuEvent hold(QContextMenuEvent::Mouse, position, target->mapToGlobal(position));
+    QApplication::sendEvent(target, &hold);
+}
+
+void ScreenshotTour::whenUp(const QString& dialogName, const QString& name, const QString& typed) {
+    QTimer::singleShot(0, this, [this, dialogName, name, typed] {
+        auto* dialog = m_app->screen().findChild<QDialog*>(dialogName);
+        if (dialog != nullptr && !typed.isEmpty()) {
+            dialog->findChild<QLineEdit*>()->setText(typed);
+        }
+        save(grabScreen(), name);
+        if (dialog != nullptr) {
+            dialog->reject();
+        }
+    });
+}
+
+void ScreenshotTour::command(int id) {
+    if (auto* action = m_app->screen().findChild<QAction*>(QStringLiteral("cmd%1").arg(id))) {
+        action->trigger();
+    } else {
+        m_failed.append(QStringLiteral("no command %1 on the screen").arg(id));
+    }
 }
 
 QImage ScreenshotTour::grabScreen() const {

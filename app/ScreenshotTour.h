@@ -1,14 +1,16 @@
 #pragma once
 // Writes PNG pictures of the device screen at scale 1 (240 x 320): the start-up box, the release
-// notes, every tab, the menu open and the Options dialog. Runs the whole program offscreen on a
+// notes, every tab, the menu open, the Options dialog, and the strength screens with a workout. Runs the whole program offscreen on a
 // fresh temporary device with the clock fixed, driving it as a user would.
 
 #include <QImage>
 #include <QObject>
+#include <QPoint>
 #include <QString>
 #include <QStringList>
 
 class KovalinApp;
+class QWidget;
 
 class ScreenshotTour : public QObject {
     Q_OBJECT
@@ -23,6 +25,15 @@ private:
     void onStartupText(const QString& text);
     void answerReleaseNotes();
     void tourPages();
+    // The strength pages with a workout listed, their menus, the set-entry grid, the exercise picker
+    // and the item list editor.
+    void tourStrength();
+    // Opens target's context menu at position and takes the picture while it is up.
+    void openContextMenu(QWidget* target, const QPoint& position, const QString& name);
+    // Takes the picture once the dialog of that name is up (typing typed into its edit), then closes it.
+    void whenUp(const QString& dialogName, const QString& name, const QString& typed = {});
+    // Triggers the command's action on the screen.
+    void command(int id);
     QImage grabScreen() const;
     void save(const QImage& image, const QString& name);
 

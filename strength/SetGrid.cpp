@@ -2,6 +2,7 @@
 
 #include "Bitmaps.h"
 #include "DeviceFonts.h"
+#include "CompactComboStyle.h"
 #include "ExerciseLists.h"
 #include "MessageBox.h"
 #include "PageHeading.h"
@@ -34,13 +35,13 @@ struct Place {
     int x;
     int width;
 };
-constexpr Place kLabel{0, 14};
-constexpr Place kExercise{16, 78};
-constexpr Place kReps{96, 29};
-constexpr Place kWeight{126, 27};
-constexpr Place kUpDown{153, 11};
-constexpr Place kRest{165, 29};
-constexpr Place kIntensity{195, 31};
+constexpr Place kLabel{0, 13};
+constexpr Place kExercise{14, 92};
+constexpr Place kReps{107, 26};
+constexpr Place kWeight{134, 26};
+constexpr Place kUpDown{160, 10};
+constexpr Place kRest{171, 26};
+constexpr Place kIntensity{198, 28};
 constexpr int kAreaWidth = 227;
 constexpr int kBarTop = PageHeading::kHeight + 1;
 constexpr int kBarHeight = 14;
@@ -108,6 +109,7 @@ SetGrid::SetGrid(PageHost& host, QWidget* parent) : Page(host, IDD_SETGRID, QStr
     m_scrollBar->setSingleStep(kScrollPage);
     connect(m_scrollBar, &QScrollBar::valueChanged, this, &SetGrid::scrollTo);
 
+    m_comboStyle = new CompactComboStyle(this);
     createRows();
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { focusChanged(now); });
 }
@@ -121,6 +123,10 @@ void SetGrid::createRows() {
     QComboBox* first = m_rows[0].exercise;
     connect(first, &QComboBox::activated, this, &SetGrid::firstExerciseEdited);
     connect(first->lineEdit(), &QLineEdit::editingFinished, this, &SetGrid::firstExerciseEdited);
+    for (const Row& row : m_rows) {
+        QLineEdit* name = row.exercise->lineEdit();
+        connect(name, &QLineEdit::editingFinished, name, [name] { name->setCursorPosition(0); });
+    }
 }
 
 void SetGrid::createRow(int index) {
@@ -158,7 +164,13 @@ void SetGrid::createRow(int index) {
 QComboBox* SetGrid::makeCombo(int id, bool editable, int first, int last) {
     auto* combo = new QComboBox(m_rowArea);
     combo->setObjectName(controlName(id));
+    combo->setStyle(m_comboStyle);
     combo->setEditable(editable);
+    if (editable) {
+        // As typed: no completion that would finish a new name as an existing one.
+        combo->setCompleter(nullptr);
+        combo->lineEdit()->setTextMargins(-1, 0, -1, 0);
+    }
     combo->setInsertPolicy(QComboBox::NoInsert);
     combo->setMaxVisibleItems(12);
     // The wheel scrolls the rows; it never changes a value in passing.
@@ -271,10 +283,12 @@ void SetGrid::showSets(const GroupSets& sets) {
         const Row& row = m_rows[static_cast<size_t>(index)];
         const StrengthSet& set = sets.at(index);
         const QSignalBlocker blocker(row.exercise);
-        row.exercise->setEditText(set.exercise);
+        showExercise(row.exercise, set.exercise);
         row.reps->setEditText(set.reps);
+        row.reps->lineEdit()->setCursorPosition(0);
         row.weight->setText(weightText(set.weight));
         row.rest->setEditText(set.rest);
+        row.rest->lineEdit()->setCursorPosition(0);
         row.intensity->setCurrentIndex(std::clamp(set.intensity, 0, row.intensity->count() - 1));
     }
     m_firstExercise = sets.at(0).exercise;
@@ -287,7 +301,7 @@ void SetGrid::fillExerciseLists(const QStringList& exercises) {
         const QString shown = row.exercise->currentText();
         row.exercise->clear();
         row.exercise->addItems(sorted);
-        row.exercise->setEditText(shown);
+        showExercise(row.exercise, shown);
     }
 }
 
@@ -304,8 +318,14 @@ void SetGrid::firstExerciseEdited() {
     }
 }
 
+void SetGrid::showExercise(QComboBox* combo, const QString& exercise) {
+    combo->setEditText(exercise);
+    // The column is narrow: a name shows from its start.
+    combo->lineEdit()->setCursorPosition(0);
+}
+
 void SetGrid::setExercise(int row, const QString& exercise) {
-    m_rows[static_cast<size_t>(row)].exercise->setEditText(exercise);
+    showExercise(m_rows[static_cast<size_t>(row)].exercise, exercise);
     if (row == 0) {
         firstExerciseEdited();
     }

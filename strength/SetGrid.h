@@ -76,6 +76,7 @@ private:
     void selectExercise();
     void editExerciseList();
     void setExercise(int row, const QString& exercise);
+    static void showExercise(QComboBox* combo, const QString& exercise);
     void firstExerciseEdited();
     void focusChanged(QWidget* now);
     void scrollTo(int position);
@@ -90,6 +91,7 @@ private:
     QString m_firstExercise;
     int m_currentRow = 0;
 
+    class CompactComboStyle* m_comboStyle = nullptr;
     QLabel* m_bar = nullptr;
     QWidget* m_viewport = nullptr;
     QWidget* m_rowArea = nullptr;

@@ -363,7 +363,7 @@ void StrengthLogPage::showListMenu(const QPoint& position) {
             addCommand(commands[group.index()], group.name());
         }
     }
-    QAction* chosen = menu.exec(m_list->viewport()->mapToGlobal(position));
+    QAction* chosen = menu.exec(menuPosition(m_list->viewport()->mapToGlobal(position), menu.sizeHint()));
     if (chosen == nullptr) {
         return;
     }
@@ -375,6 +375,20 @@ void StrengthLogPage::showListMenu(const QPoint& position) {
     } else {
         handleCommand(command);
     }
+}
+
+QPoint StrengthLogPage::menuPosition(const QPoint& stylus, const QSize& size) const {
+    // The menu stays on the device's screen: it opens above or to the left of the stylus when it
+    // would run off the bottom or the right.
+    const QRect screen(window()->mapToGlobal(QPoint(0, 0)), window()->size());
+    QPoint where = stylus;
+    if (where.y() + size.height() > screen.bottom()) {
+        where.ry() -= size.height();
+    }
+    if (where.x() + size.width() > screen.right()) {
+        where.rx() -= size.width();
+    }
+    return where;
 }
 
 std::optional<MuscleGroup> StrengthLogPage::groupOfSelectedRow() const {
