@@ -1,7 +1,7 @@
 // The strength records against hand-written SQLite on the ten-year device, whose Misc groups (upper
 // Misc, lower Misc 2) were last trained eight years before its last day:
-//   load_day     what a strength page does to show a day: EnsureDatabases, EnsureDay and ReadDay of
-//                one region (both records read whole)
+//   load_day     what a strength page does to show a day: EnsureDay and ReadDay of one region (the
+//                day's records exist; both are read whole)
 //   pull_recent  opening the set-entry grid on a day whose group holds no sets: the walk steps back
 //                one day and pulls in that day's sets
 //   pull_years   opening the grid for a Misc group on a day of the last year: the walk steps back
@@ -150,8 +150,8 @@ bool clearRecentGroups(const Workload& workload) {
 
 // --- The baseline: what a careful programmer writes against the tables --------------------------
 
-// The page's load of a day in one read transaction: both databases looked up, both day records
-// sought (they exist, so nothing is added) and read whole.
+// The page's load of a day in one read transaction: both day records sought (they exist, so
+// nothing is added) and read whole.
 bool loadDayByHand(DirectStore& direct, const Region& names, std::int64_t key, DirectRecord& a, DirectRecord& b) {
     if (!direct.beginRead()) {
         return false;
@@ -197,7 +197,8 @@ void loadDayStore(benchmark::State& state, const Workload& workload) {
     for (auto _ : state) {
         const DayJob& job = workload.loads[i++ % workload.loads.size()];
         const Region& names = workload.regions[static_cast<size_t>(job.region)];
-        const std::optional<StrengthDay> day = StrengthRecords(names.a, names.b).LoadDay(job.day);
+        const StrengthRecords records(names.a, names.b);
+        const std::optional<StrengthDay> day = records.EnsureDay(job.day) ? records.ReadDay(job.day) : std::nullopt;
         if (!day) {
             state.SkipWithError("store load failed");
             break;

@@ -24,15 +24,6 @@ DWORD DatabaseHandle::current(std::optional<Position>* position) const {
     }
 }
 
-void DatabaseHandle::moveTo(std::optional<Position> position) {
-    if (position.has_value()) {
-        m_state = State::At;
-        m_position = std::move(*position);
-    } else {
-        m_state = State::Nowhere;
-    }
-}
-
 DWORD DatabaseHandle::land(DWORD error, std::optional<Position> found, CEOID* oid, DWORD* index) {
     *oid = 0;
     if (error != ERROR_SUCCESS || !found.has_value()) {
@@ -126,25 +117,41 @@ DWORD DatabaseHandle::seek(DWORD seekType, const CEPROPVAL& value, CEOID* found,
     return land(error, std::move(position), found, index);
 }
 
+void DatabaseHandle::moveTo(std::optional<Position> position) {
+    if (position.has_value()) {
+        m_state = State::At;
+        m_position = std::move(*position);
+        m_foundAt = volume()->readPoint();
+    } else {
+        m_state = State::Nowhere;
+    }
+}
+
 template <typename ReadRecord> DWORD DatabaseHandle::readCurrent(ReadRecord&& readRecord, CEOID* oid) {
     *oid = 0;
     volume()->holdRead();
+    // Where the record about to be read was found: the current one when it was sought, any other
+    // (the first record, or the one after a deleted one) now.
+    Volume::ReadPoint foundAt = m_state == State::At ? m_foundAt : volume()->readPoint();
     std::optional<Position> position;
     DWORD error = current(&position);
     while (error == ERROR_SUCCESS && position.has_value()) {
-        RecordTable::Presence presence = RecordTable::Presence::Unknown;
-        error = readRecord(position->oid, &presence);
+        int rows = 0;
+        error = readRecord(position->oid, &rows);
         if (error != ERROR_SUCCESS) {
             return error;
         }
-        // Nothing read may mean a record deleted since it became current, in which case the pointer
-        // moves on to the record that now follows its place.
-        std::optional<Position> still;
-        if (presence == RecordTable::Presence::Unknown) {
+        // Nothing read: either a record without any of the properties, or one deleted since it
+        // became current, in which case the pointer moves on to the record that now follows its
+        // place. A record found in the read transaction still in force, with nothing written
+        // since, is still there; only otherwise is it looked up again.
+        bool there = rows > 0 || volume()->unchangedSince(foundAt);
+        if (!there) {
+            std::optional<Position> still;
             error = m_order.locate(position->oid, &still);
-            presence = still.has_value() ? RecordTable::Presence::Present : RecordTable::Presence::Gone;
+            there = still.has_value();
         }
-        if (error == ERROR_SUCCESS && presence == RecordTable::Presence::Present) {
+        if (error == ERROR_SUCCESS && there) {
             *oid = position->oid;
             if (!m_autoIncrement) {
                 moveTo(std::move(position));
@@ -157,6 +164,7 @@ template <typename ReadRecord> DWORD DatabaseHandle::readCurrent(ReadRecord&& re
         }
         std::optional<Position> next;
         if (error == ERROR_SUCCESS) {
+            foundAt = volume()->readPoint();
             error = m_order.step(&*position, true, 0, &next);
         }
         position = std::move(next);
@@ -168,22 +176,12 @@ template <typename ReadRecord> DWORD DatabaseHandle::readCurrent(ReadRecord&& re
 DWORD DatabaseHandle::read(std::vector<CEPROPVAL>* props, CEOID* oid) {
     props->clear();
     RecordTable records(*volume());
-    return readCurrent(
-        [&](CEOID record, RecordTable::Presence* presence) {
-            int rows = 0;
-            const DWORD error = records.read(record, props, &rows);
-            *presence = rows > 0 ? RecordTable::Presence::Present : RecordTable::Presence::Unknown;
-            return error;
-        },
-        oid);
+    return readCurrent([&](CEOID record, int* rows) { return records.read(record, props, rows); }, oid);
 }
 
 DWORD DatabaseHandle::read(const std::vector<CEPROPID>& wanted, std::vector<CEPROPVAL>* props, CEOID* oid) {
-    props->clear();
     RecordTable records(*volume());
-    return readCurrent(
-        [&](CEOID record, RecordTable::Presence* presence) { return records.read(record, wanted, props, presence); },
-        oid);
+    return readCurrent([&](CEOID record, int* rows) { return records.read(record, wanted, props, rows); }, oid);
 }
 
 DWORD DatabaseHandle::write(CEOID oid, const std::vector<CEPROPVAL>& props, CEOID* written) {

@@ -9,6 +9,7 @@
 #include "CeDatabase.h"
 #include "DatabaseInfo.h"
 #include "RecordOrder.h"
+#include "Volume.h"
 #include "VolumeHandle.h"
 
 #include <optional>
@@ -42,7 +43,7 @@ private:
     // Makes the seek's outcome current and reports it.
     DWORD land(DWORD error, std::optional<Position> found, CEOID* oid, DWORD* index);
     void moveTo(std::optional<Position> position);
-    // Reads the current record with readRecord(oid, &presence), stepping over records deleted since
+    // Reads the current record with readRecord(oid, &rows), stepping over records deleted since
     // they became current, and moves on after it when auto-incrementing.
     template <typename ReadRecord> DWORD readCurrent(ReadRecord&& readRecord, CEOID* oid);
 
@@ -52,4 +53,6 @@ private:
     RecordOrder m_order;
     State m_state = State::AtFirst;
     Position m_position;
+    // Where reads stood when the current record was found.
+    Volume::ReadPoint m_foundAt;
 };

@@ -7,10 +7,8 @@
 
 namespace {
 const char* const kReadProps = "SELECT propid, value FROM props WHERE record = ?1 ORDER BY propid";
-// The LEFT JOIN yields one row of NULLs for a record without any of the properties, and no row for
-// a record that is gone, so that nothing else needs asking.
-const char* const kReadRange = "SELECT p.propid, p.value FROM records r LEFT JOIN props p "
-                               "ON p.record = r.oid AND p.propid BETWEEN ?2 AND ?3 WHERE r.oid = ?1";
+const char* const kReadRange =
+    "SELECT propid, value FROM props WHERE record = ?1 AND propid BETWEEN ?2 AND ?3 ORDER BY propid";
 const char* const kRecordDatabase = "SELECT db FROM records WHERE oid = ?1";
 const char* const kInsertRecord = "INSERT INTO records (oid, db, sort_key) VALUES (?1, ?2, ?3)";
 const char* const kSetSortKey = "UPDATE records SET sort_key = ?2 WHERE oid = ?1";
@@ -96,10 +94,10 @@ DWORD RecordTable::read(CEOID oid, std::vector<CEPROPVAL>* props, int* rows) {
     return SqlStatement::errorFor(result);
 }
 
-DWORD RecordTable::read(CEOID oid, const std::vector<CEPROPID>& wanted, std::vector<CEPROPVAL>* props,
-                        Presence* presence) {
-    *presence = Presence::Unknown;
-    props->clear();
+DWORD RecordTable::read(CEOID oid, const std::vector<CEPROPID>& wanted, std::vector<CEPROPVAL>* props, int* rows) {
+    *rows = 0;
+    // The entries props already has are used again (a walk reads the same list record after
+    // record): only the member that an entry's type names is ever written or read.
     props->resize(wanted.size());
     for (size_t i = 0; i < wanted.size(); ++i) {
         CEPROPVAL& prop = (*props)[i];
@@ -117,22 +115,21 @@ DWORD RecordTable::read(CEOID oid, const std::vector<CEPROPID>& wanted, std::vec
         }
         std::sort(places.begin(), places.end());
     }
+    if (wanted.empty()) {
+        return ERROR_SUCCESS;
+    }
     SqlStatement* statement = m_volume.statement(kReadRange);
     if (statement == nullptr) {
         return ERROR_BADDB;
     }
     SqlStatement::Scope scope(*statement);
     statement->bindInt(1, oid);
-    // With nothing wanted the range is empty and the query only tells whether the record exists.
     const auto [lowest, highest] = std::minmax_element(wanted.begin(), wanted.end());
-    statement->bindInt(2, wanted.empty() ? 1 : *lowest);
-    statement->bindInt(3, wanted.empty() ? 0 : *highest);
+    statement->bindInt(2, *lowest);
+    statement->bindInt(3, *highest);
     int result = SQLITE_ROW;
     while ((result = statement->step()) == SQLITE_ROW) {
-        *presence = Presence::Present;
-        if (statement->columnType(0) == SQLITE_NULL) {
-            continue;
-        }
+        ++*rows;
         // The range holds only 32-bit ids, since both its ends are.
         const auto propid = static_cast<CEPROPID>(statement->columnInt(0));
         DWORD error = ERROR_SUCCESS;
@@ -151,9 +148,6 @@ DWORD RecordTable::read(CEOID oid, const std::vector<CEPROPID>& wanted, std::vec
             props->clear();
             return error;
         }
-    }
-    if (result == SQLITE_DONE && *presence == Presence::Unknown) {
-        *presence = Presence::Gone;
     }
     return SqlStatement::errorFor(result);
 }

@@ -18,14 +18,12 @@ public:
     // property id or value that is not of this format.
     DWORD read(CEOID oid, std::vector<CEPROPVAL>* props, int* rows);
 
-    // Whether a read found its record; Unknown when it read no property and cannot tell.
-    enum class Presence { Present, Gone, Unknown };
     // The properties of record oid listed in wanted: one entry per id, in the order of wanted,
     // CEDB_PROPNOTFOUND for an id the record lacks. One query reads the stored rows from the lowest
     // to the highest id wanted (a group's properties are one contiguous range) and keeps those
-    // wanted; it also tells whether the record still exists (Present or Gone). ERROR_INVALID_DATA
-    // for a stored value of a wanted id that is not of its type.
-    DWORD read(CEOID oid, const std::vector<CEPROPID>& wanted, std::vector<CEPROPVAL>* props, Presence* presence);
+    // wanted. *rows counts the rows of that range (0 also for a record that no longer exists).
+    // ERROR_INVALID_DATA for a stored value of a wanted id that is not of its type.
+    DWORD read(CEOID oid, const std::vector<CEPROPID>& wanted, std::vector<CEPROPVAL>* props, int* rows);
     // Writes props into record oid of the database (0: a new record), keeping sort_key in step
     // with the database's sort property. *written is the record's id.
     DWORD write(const DatabaseInfo& database, CEOID oid, const std::vector<CEPROPVAL>& props, CEOID* written);

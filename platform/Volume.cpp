@@ -154,8 +154,15 @@ void Volume::holdRead() {
         if (SqlStatement* statement = this->statement(kBeginRead)) {
             SqlStatement::Scope scope(*statement);
             statement->execute(); // if it fails, each read is its own transaction: slower, still right
+            ++m_transactions;
         }
     }
+}
+
+Volume::ReadPoint Volume::readPoint() const {
+    // Outside a transaction (autocommit) no snapshot holds from one statement to the next.
+    const bool held = sqlite3_get_autocommit(m_db) == 0;
+    return {held ? m_transactions : 0, sqlite3_total_changes64(m_db)};
 }
 
 void Volume::releaseRead() {
@@ -170,6 +177,7 @@ void Volume::releaseRead() {
 
 DWORD Volume::begin() {
     releaseRead();
+    ++m_transactions;
     SqlStatement* statement = this->statement(kBegin);
     if (statement == nullptr) {
         return ERROR_BADDB;

@@ -9,6 +9,8 @@
 
 #include <QString>
 
+#include <cstdint>
+
 #include <memory>
 #include <unordered_map>
 #include <unordered_set>
@@ -62,6 +64,18 @@ public:
     // Ends the read transaction when no handle is open any more (an open that failed).
     void releaseReadIfIdle();
 
+    // Where reads stand: the read transaction in force (0: none is held, each statement reads on
+    // its own) and the number of rows changed on the connection so far.
+    struct ReadPoint {
+        std::uint64_t transaction = 0;
+        std::int64_t changes = 0;
+        friend bool operator==(const ReadPoint&, const ReadPoint&) = default;
+    };
+    ReadPoint readPoint() const;
+    // True when a record found at `found` still exists: it was found in the read transaction that
+    // is still in force, and nothing was changed on the connection since.
+    bool unchangedSince(const ReadPoint& found) const { return found.transaction != 0 && readPoint() == found; }
+
     // A new object id, never given out before on this volume; call inside a transaction.
     DWORD allocateObjectId(CEOID* oid);
 
@@ -82,4 +96,6 @@ private:
     Role m_role;
     std::unordered_map<const char*, std::unique_ptr<SqlStatement>> m_statements;
     std::unordered_set<VolumeHandle*> m_handles;
+    // Counts the transactions begun, so that each is told from the one before.
+    std::uint64_t m_transactions = 0;
 };

@@ -135,11 +135,10 @@ bool RecordDatabase::ReadCurrent(DbRecord& record, const std::vector<CEPROPID>& 
         SetLastError(ERROR_INVALID_HANDLE);
         return false;
     }
-    std::vector<CEPROPVAL> values;
-    if (CeReadRecordProps(m_handle, 0, wanted, &values) == 0) {
+    if (CeReadRecordProps(m_handle, 0, wanted, &m_wantedValues) == 0) {
         return false;
     }
-    for (const CEPROPVAL& value : values) {
+    for (const CEPROPVAL& value : m_wantedValues) {
         if ((value.wFlags & CEDB_PROPNOTFOUND) == 0) {
             record.append(DbProp::fromPropVal(value));
         }

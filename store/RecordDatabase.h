@@ -65,4 +65,6 @@ private:
     CEPROPID m_sortProp = 0;
     CEOID m_current = 0;
     bool m_pastEnd = false;
+    // What the last read of a list of properties gave, kept so that a walk reuses its room.
+    std::vector<CEPROPVAL> m_wantedValues;
 };

@@ -71,13 +71,12 @@ std::optional<StrengthDay> StrengthRecords::LoadDay(const QDate& day) const {
 }
 
 std::optional<StrengthDay> StrengthRecords::ReadDay(const QDate& day) const {
+    // A stays open until B is read too: reads through open databases share one read transaction.
+    RecordDatabase aDb;
     DbRecord a;
-    {
-        RecordDatabase db;
-        if (!db.Open(m_aName, DayKey::kPropId) || db.SeekFirstEqual(DayKey::prop(day)) == 0 || !db.ReadCurrent(a)) {
-            fail(kErrorAccessingDatabase);
-            return std::nullopt;
-        }
+    if (!aDb.Open(m_aName, DayKey::kPropId) || aDb.SeekFirstEqual(DayKey::prop(day)) == 0 || !aDb.ReadCurrent(a)) {
+        fail(kErrorAccessingDatabase);
+        return std::nullopt;
     }
     RecordDatabase db;
     if (!db.Open(m_bName, DayKey::kPropId) || db.SeekFirstEqual(DayKey::prop(day)) == 0) {
