@@ -1,0 +1,314 @@
+#include "StrengthScreenTest.h"
+
+#include "CommandBar.h"
+#include "ItemListDialog.h"
+#include "RegistryHelper.h"
+#include "SqlReader.h"
+#include "Settings.h"
+#include "UpDownControl.h"
+#include "resource.h"
+
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTabBar>
+#include <QTest>
+#include <QToolButton>
+
+namespace {
+const QDate kToday(2024, 3, 14);
+const QDate kEarlier(2024, 3, 10);
+const QString kUpperA = QStringLiteral("Kov2AUpperBody");
+const QString kUpperB = QStringLiteral("Kov2BUpperBody");
+const MuscleGroup kChest(BodyRegion::Upper, 0);
+const QStringList kChestSorted = {"Barbell Bench Press", "Dumbbell Bench Press", "Dumbbell Flyes",
+                                  "Incline Dumbbell Press"};
+
+StrengthSet set(const QString& exercise, const QString& reps, double weight, const QString& rest, int intensity) {
+    StrengthSet made;
+    made.exercise = exercise;
+    made.reps = reps;
+    made.weight = weight;
+    made.rest = rest;
+    made.intensity = intensity;
+    return made;
+}
+
+void setNumber(const QString& name, DWORD value) {
+    RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, name, value);
+}
+
+class SetGridTest : public StrengthScreenTest {
+protected:
+    // Starts on the upper-body page and opens the group through its tool-bar button.
+    SetGrid& open(int command) {
+        if (!m_screen) {
+            showPage(BodyRegion::Upper);
+        }
+        trigger(command);
+        EXPECT_TRUE(grid().isVisible());
+        return grid();
+    }
+    const SetGrid::Row& row(int index) const { return grid().row(index); }
+    // A row as shown: exercise|reps|weight|rest|intensity.
+    QString shownRow(int index) const {
+        const SetGrid::Row& r = row(index);
+        return QStringList{r.exercise->currentText(), r.reps->currentText(), r.weight->text(), r.rest->currentText(),
+                           r.intensity->currentText()}
+            .join('|');
+    }
+    QStringList items(const QComboBox* combo) const {
+        QStringList texts;
+        for (int item = 0; item < combo->count(); ++item) {
+            texts << combo->itemText(item);
+        }
+        return texts;
+    }
+    void focus(QWidget* widget) {
+        widget->setFocus();
+        ASSERT_TRUE(waitUntil([widget] { return widget->hasFocus(); }));
+    }
+    void type(QLineEdit* edit, const QString& text) {
+        edit->clear();
+        QTest::keyClicks(edit, text);
+    }
+};
+} // namespace
+
+TEST_F(SetGridTest, OpensWithTheGroupsListAndPullsTheLastDayOnlyWhenTheDayHasNoSets) {
+    showPage(BodyRegion::Upper);
+    writeSets(kEarlier, kChest, {set("Dumbbell Flyes", "12", 30, "1", 6), set("Dumbbell Flyes", "10", 35, "1", 7)});
+    open(ID_UPPER_CHEST);
+    EXPECT_EQ(grid().objectName(), "SetGrid");
+    EXPECT_EQ(grid().dialogId(), 143);
+    EXPECT_FALSE(main().tabControl()->isVisible());
+    EXPECT_EQ(toolBarCommands(), (std::vector<int>{32872, 32873, 0, 32874, 32875}));
+    QMenu* clear = main().commandBar()->addedMenu(IDR_SETGRID_MENU);
+    ASSERT_NE(clear, nullptr);
+    QStringList clearItems;
+    for (QAction* action : clear->actions()) {
+        clearItems << action->text();
+    }
+    EXPECT_EQ(clearItems, QStringList({"All Rows", "Current Row", "Current Row and all below it"}));
+
+    // Every control of the twelve rows, the bar and the scroll bar, by id.
+    for (int index = 0; index < SetGrid::kRows; ++index) {
+        const int* ids = IDC_GRID_ROWS[index];
+        EXPECT_TRUE(control<QComboBox>(grid(), ids[0])->isEditable());
+        EXPECT_TRUE(control<QComboBox>(grid(), ids[1])->isEditable());
+        EXPECT_NE(control<QLineEdit>(grid(), ids[2]), nullptr);
+        EXPECT_NE(control<UpDownControl>(grid(), ids[3]), nullptr);
+        EXPECT_TRUE(control<QComboBox>(grid(), ids[4])->isEditable());
+        EXPECT_FALSE(control<QComboBox>(grid(), ids[5])->isEditable());
+    }
+    EXPECT_NE(control<QLabel>(grid(), IDC_GRID_BAR), nullptr);
+    QScrollBar* bar = control<QScrollBar>(grid(), IDC_GRID_SCROLL);
+    EXPECT_EQ(bar->minimum(), 0);
+    EXPECT_EQ(bar->maximum() + bar->pageStep() - 1, 100);
+    EXPECT_EQ(bar->pageStep(), 10);
+    EXPECT_EQ(bar->value(), 0);
+    EXPECT_EQ(items(row(1).reps).size(), 21);
+    EXPECT_EQ(items(row(1).reps).last(), "20");
+    EXPECT_EQ(items(row(1).rest).last(), "10");
+    EXPECT_EQ(items(row(1).intensity).size(), 11);
+
+    // The list was made with its defaults in their order; the combos sort them.
+    const SqlReader sql(m_device.paths().objectStore());
+    EXPECT_EQ(sql.value("SELECT group_concat(value, '|') FROM (SELECT p.value FROM props p JOIN records r ON "
+                        "p.record = r.oid JOIN databases d ON r.db = d.oid WHERE d.name = 'KovChestList' AND "
+                        "p.propid = 52494367 ORDER BY r.oid)")
+                  .toString(),
+              "Dumbbell Bench Press|Incline Dumbbell Press|Dumbbell Flyes|Barbell Bench Press");
+    EXPECT_EQ(items(row(0).exercise), kChestSorted);
+    EXPECT_EQ(items(row(11).exercise), kChestSorted);
+
+    // Today has no chest sets: the last chest day's are shown but not written until saved.
+    EXPECT_EQ(shownRow(0), "Dumbbell Flyes|12|30|1|6");
+    EXPECT_EQ(shownRow(1), "Dumbbell Flyes|10|35|1|7");
+    EXPECT_EQ(shownRow(2), "||0||0");
+    trigger(ID_GRID_CANCEL);
+    EXPECT_FALSE(grid().isVisible());
+    EXPECT_TRUE(main().tabControl()->isVisible());
+    EXPECT_EQ(toolBarCommands(), (std::vector<int>{32793, 32794, 32795, 32796, 32797, 32837}));
+    EXPECT_EQ(stored().propCount(kUpperA, kToday, 106, 205), 0);
+
+    setNumber(Settings::kPullLast, 1);
+    open(ID_UPPER_CHEST);
+    EXPECT_EQ(shownRow(0), "||0||0");
+    trigger(ID_GRID_CANCEL);
+
+    // A day with sets of its own is never pulled over.
+    setNumber(Settings::kPullLast, 0);
+    writeSets(kToday, kChest, {set("Barbell Bench Press", "8", 155, "2", 8)});
+    open(ID_UPPER_CHEST);
+    EXPECT_EQ(shownRow(0), "Barbell Bench Press|8|155|2|8");
+    EXPECT_EQ(shownRow(1), "||0||0");
+    trigger(ID_GRID_CANCEL);
+
+    EXPECT_TRUE(m_boxes.texts().isEmpty());
+    main().ShowSetGrid(kToday, 1107);
+    EXPECT_EQ(m_boxes.texts(), QStringList{"Error finding exercise type"});
+}
+
+TEST_F(SetGridTest, TypedSetsAreSavedAsAllSixtyPropertiesOfTheGroup) {
+    open(ID_UPPER_BACK);
+    type(row(0).exercise->lineEdit(), "One Arm Rows");
+    type(row(0).reps->lineEdit(), "10");
+    type(row(0).weight, "62.5");
+    row(0).rest->setCurrentIndex(2);
+    QTest::keyClicks(row(0).intensity, "7");
+    type(row(1).exercise->lineEdit(), "Cable Rows");
+    row(1).weight->clear();
+    for (int click = 0; click < 3; ++click) {
+        QTest::mouseClick(row(1).upDown->upButton(), Qt::LeftButton);
+    }
+    EXPECT_EQ(row(1).weight->text(), "3");
+    trigger(ID_GRID_SAVE);
+
+    EXPECT_FALSE(grid().isVisible());
+    EXPECT_EQ(main().tabControl()->currentIndex(), 1);
+    EXPECT_EQ(rows(BodyRegion::Upper), QStringList({"One Arm Rows|10|62.5|2|7", "Cable Rows||3.0||0"}));
+    const StoredStrength store = stored();
+    EXPECT_EQ(store.propCount(kUpperB, kToday, 306, 405), 60);
+    EXPECT_EQ(store.value(kUpperB, kToday, 306, kText), "One Arm Rows");
+    EXPECT_EQ(store.value(kUpperB, kToday, 307, kText), "10");
+    EXPECT_EQ(store.value(kUpperB, kToday, 308, kR8), 62.5);
+    EXPECT_EQ(store.value(kUpperB, kToday, 309, kText), "2");
+    EXPECT_EQ(store.value(kUpperB, kToday, 310, kI2), 7);
+    EXPECT_EQ(store.value(kUpperB, kToday, 311, kText), "Cable Rows");
+    EXPECT_EQ(store.value(kUpperB, kToday, 313, kR8), 3.0);
+    // The twelfth row, empty, is written too.
+    EXPECT_EQ(store.value(kUpperB, kToday, 361, kText), "");
+    EXPECT_EQ(store.value(kUpperB, kToday, 362, kText), "");
+    EXPECT_EQ(store.value(kUpperB, kToday, 363, kR8), 0.0);
+    EXPECT_EQ(store.value(kUpperB, kToday, 365, kI2), 0);
+    EXPECT_EQ(store.propCount(kUpperA, kToday, 106, 305), 0);
+}
+
+TEST_F(SetGridTest, ClearedRowsAreSavedAsBlanksAndCancelWritesNothing) {
+    showPage(BodyRegion::Upper);
+    writeSets(kToday, kChest,
+              {set("Dumbbell Bench Press", "10", 60, "2", 8), set("Dumbbell Flyes", "12", 30, "1", 6),
+               set("Dumbbell Flyes", "10", 35, "1", 7)});
+    open(ID_UPPER_CHEST);
+    focus(row(1).reps);
+    trigger(ID_CLEAR_ROWANDBELOW);
+    EXPECT_EQ(shownRow(0), "Dumbbell Bench Press|10|60|2|8");
+    EXPECT_EQ(shownRow(1), "||0||0");
+    EXPECT_EQ(shownRow(2), "||0||0");
+    trigger(ID_GRID_SAVE);
+    const StoredStrength store = stored();
+    EXPECT_EQ(store.value(kUpperA, kToday, 106, kText), "Dumbbell Bench Press");
+    EXPECT_EQ(store.value(kUpperA, kToday, 111, kText), "");
+    EXPECT_EQ(store.value(kUpperA, kToday, 112, kText), "");
+    EXPECT_EQ(store.value(kUpperA, kToday, 113, kR8), 0.0);
+    EXPECT_EQ(store.value(kUpperA, kToday, 115, kI2), 0);
+    EXPECT_EQ(store.value(kUpperA, kToday, 116, kText), "");
+    EXPECT_EQ(rows(BodyRegion::Upper), QStringList{"Dumbbell Bench Press|10|60.0|2|8"});
+
+    // A group saved with every row cleared still has its sets: nothing is pulled over them.
+    open(ID_UPPER_CHEST);
+    focus(row(0).weight);
+    trigger(ID_CLEAR_CURRENTROW);
+    EXPECT_EQ(shownRow(0), "||0||0");
+    trigger(ID_GRID_SAVE);
+    EXPECT_EQ(store.value(kUpperA, kToday, 106, kText), "");
+    EXPECT_TRUE(rows(BodyRegion::Upper).isEmpty());
+    writeSets(kToday, kChest, {set("Dumbbell Flyes", "12", 30, "1", 6)});
+    open(ID_UPPER_CHEST);
+    trigger(ID_CLEAR_ALLROWS);
+    EXPECT_EQ(shownRow(0), "||0||0");
+    trigger(ID_GRID_CANCEL);
+    EXPECT_EQ(store.value(kUpperA, kToday, 106, kText), "Dumbbell Flyes");
+}
+
+TEST_F(SetGridTest, TheUpDownStepsTheWholeWeightAndStopsAt0And999) {
+    open(ID_UPPER_CHEST);
+    QLineEdit* weight = row(4).weight;
+    UpDownControl* upDown = row(4).upDown;
+    type(weight, "998");
+    QTest::mouseClick(upDown->upButton(), Qt::LeftButton);
+    QTest::mouseClick(upDown->upButton(), Qt::LeftButton);
+    EXPECT_EQ(weight->text(), "999");
+    type(weight, "1");
+    QTest::mouseClick(upDown->downButton(), Qt::LeftButton);
+    QTest::mouseClick(upDown->downButton(), Qt::LeftButton);
+    EXPECT_EQ(weight->text(), "0");
+    type(weight, "22.5");
+    QTest::mouseClick(upDown->upButton(), Qt::LeftButton);
+    EXPECT_EQ(weight->text(), "23");
+}
+
+TEST_F(SetGridTest, PickingTheFirstExercisePullsTheSetsItLastLedOrFillsTheNextRows) {
+    showPage(BodyRegion::Upper);
+    setNumber(Settings::kPullLast, 1);
+    setNumber(Settings::kPullWt, 1);
+    setNumber(Settings::kFillIn, 1);
+    writeSets(kEarlier, kChest, {set("Dumbbell Flyes", "12", 30, "1", 6), set("Dumbbell Flyes", "10", 35, "1", 7)});
+    open(ID_UPPER_CHEST);
+    focus(row(0).reps);
+
+    auto pick = [this](const QString& exercise, QStringList* listed = nullptr) {
+        whenShown(QStringLiteral("SelectExerciseDialog"), [&, exercise](QWidget* dialog) {
+            auto* list = dialog->findChild<QListWidget*>(QStringLiteral("c1330"));
+            for (int item = 0; listed != nullptr && item < list->count(); ++item) {
+                *listed << list->item(item)->text();
+            }
+            list->setCurrentItem(list->findItems(exercise, Qt::MatchExactly).value(0));
+            dialog->findChild<QPushButton*>(QStringLiteral("c1"))->click();
+        });
+        trigger(ID_GRID_SELECTEXERCISE);
+    };
+    QStringList listed;
+    pick("Dumbbell Flyes", &listed);
+    EXPECT_EQ(listed, kChestSorted);
+    EXPECT_EQ(shownRow(0), "Dumbbell Flyes|12|30|1|6");
+    EXPECT_EQ(shownRow(1), "Dumbbell Flyes|10|35|1|7");
+
+    // Nothing was led by this one before: rows 2 to 5 follow row 1, keeping their other values.
+    pick("Barbell Bench Press");
+    EXPECT_EQ(shownRow(0), "Barbell Bench Press|12|30|1|6");
+    EXPECT_EQ(shownRow(1), "Barbell Bench Press|10|35|1|7");
+    EXPECT_EQ(shownRow(4), "Barbell Bench Press||0||0");
+    EXPECT_EQ(shownRow(5), "||0||0");
+
+    // A name typed into row 1 counts once it is entered.
+    type(row(0).exercise->lineEdit(), "Dumbbell Flyes");
+    QTest::keyClick(row(0).exercise->lineEdit(), Qt::Key_Return);
+    EXPECT_EQ(shownRow(4), "||0||0");
+}
+
+TEST_F(SetGridTest, TheListButtonEditsTheGroupsListAndTheRowTakesTheNewExercise) {
+    open(ID_UPPER_BACK);
+    focus(row(2).reps);
+    QString edited;
+    whenShown(QStringLiteral("ItemListDialog"), [&](QWidget* dialog) {
+        edited = static_cast<ItemListDialog*>(dialog)->databaseName();
+        QTest::keyClicks(dialog->findChild<QLineEdit*>(QStringLiteral("c1008")), "cable Rows");
+        dialog->findChild<QPushButton*>(QStringLiteral("c1002"))->click();
+        dialog->findChild<QPushButton*>(QStringLiteral("c1"))->click();
+    });
+    trigger(ID_GRID_EDITLIST);
+    EXPECT_EQ(edited, "KovBackList");
+    EXPECT_EQ(row(2).exercise->currentText(), "cable Rows");
+    EXPECT_EQ(items(row(0).exercise), QStringList({"cable Rows", "Dumbbell Pullovers", "One Arm Rows",
+                                                   "Reverse Grip Pulldowns", "Wide Grip Pulldowns"}));
+}
+
+TEST_F(SetGridTest, TheScrollBarAndTheFocusBringTheLastRowsIntoView) {
+    open(ID_UPPER_CHEST);
+    auto shownHeight = [](QWidget* widget) { return widget->visibleRegion().boundingRect().height(); };
+    const int full = row(0).exercise->height();
+    EXPECT_EQ(shownHeight(row(0).exercise), full);
+    EXPECT_EQ(shownHeight(row(11).exercise), 0);
+    grid().scrollBar()->setValue(grid().scrollBar()->maximum());
+    EXPECT_EQ(shownHeight(row(11).exercise), full);
+    EXPECT_EQ(shownHeight(row(0).exercise), 0);
+    focus(row(0).rest);
+    EXPECT_EQ(shownHeight(row(0).rest), full);
+    focus(row(10).weight);
+    EXPECT_EQ(shownHeight(row(10).weight), full);
+    EXPECT_EQ(grid().currentRow(), 10);
+}
