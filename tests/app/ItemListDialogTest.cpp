@@ -1,0 +1,164 @@
+#include "ItemListDialog.h"
+#include "ItemListUserMode.h"
+
+#include "NameList.h"
+#include "ShellTestSupport.h"
+#include "SqlReader.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+
+namespace {
+class ItemListDialogTest : public ShellTest {
+protected:
+    // Runs the editor on database through the main dialog, acting on it once it is up.
+    QString edit(const QString& database, std::function<void(QWidget*)> act) {
+        whenShown(QStringLiteral("ItemListDialog"), std::move(act));
+        return main().editItemList(database);
+    }
+    static QStringList rows(QWidget* dialog) {
+        QStringList texts;
+        auto* list = dialog->findChild<QListWidget*>(QStringLiteral("c1028"));
+        for (int row = 0; row < list->count(); ++row) {
+            texts << list->item(row)->text();
+        }
+        return texts;
+    }
+    static void add(QWidget* dialog, const QString& text) {
+        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("c1008"));
+        name->clear();
+        QTest::keyClicks(name, text);
+        dialog->findChild<QPushButton*>(QStringLiteral("c1002"))->click();
+    }
+    static void select(QWidget* dialog, const QString& text) {
+        auto* list = dialog->findChild<QListWidget*>(QStringLiteral("c1028"));
+        list->setCurrentItem(list->findItems(text, Qt::MatchExactly).value(0));
+    }
+    static void click(QWidget* dialog, const char* name) {
+        dialog->findChild<QPushButton*>(QString::fromLatin1(name))->click();
+    }
+    static QString prompt(QWidget* dialog, int id) {
+        return dialog->findChild<QLabel*>(QStringLiteral("c%1").arg(id))->text();
+    }
+    // The names stored in database, in the order they were added.
+    QString stored(const QString& database) const {
+        return SqlReader(m_device.paths().objectStore())
+            .value("SELECT group_concat(value, '|') FROM (SELECT p.value FROM props p JOIN records r ON p.record = "
+                   "r.oid JOIN databases d ON r.db = d.oid WHERE d.name = ? AND p.propid = 52494367 ORDER BY r.oid)",
+                   {database})
+            .toString();
+    }
+};
+
+class FakeUserMode : public ItemListUserMode {
+public:
+    QString refusal(const QString& name) override {
+        return name.contains('\\') ? QStringLiteral("No backslash") : QString();
+    }
+    void deleteUser(ItemListDialog& editor, const QString& name) override {
+        deleted << name;
+        editor.refill();
+    }
+    QString chooseCurrentUser(const QString& added) override {
+        offered << added;
+        return QStringLiteral("Default");
+    }
+    QStringList deleted;
+    QStringList offered;
+};
+} // namespace
+
+TEST_F(ItemListDialogTest, AddsNamesOnceEachAndCreatesAMissingListEmpty) {
+    start();
+    QStringList shown;
+    QString prompts;
+    const QString added = edit("KovTestList", [&](QWidget* dialog) {
+        prompts = prompt(dialog, 1065) + " / " + prompt(dialog, 1066);
+        shown << rows(dialog).join('|');
+        add(dialog, "Leg Press");
+        add(dialog, "Bench Dips");
+        add(dialog, "Bench Dips");
+        add(dialog, "bench dips");
+        add(dialog, "");
+        shown << rows(dialog).join('|');
+        click(dialog, "c1");
+    });
+    EXPECT_EQ(prompts, "Enter an item here, and click 'add'... / ...or highlight an existing item and choose "
+                       "'Delete' to remove it.");
+    EXPECT_EQ(shown, QStringList({"", "Bench Dips|bench dips|Leg Press"}));
+    EXPECT_EQ(m_boxes.texts(), QStringList{"This entry already exists"});
+    EXPECT_EQ(added, "bench dips");
+    EXPECT_EQ(stored("KovTestList"), "Leg Press|Bench Dips|bench dips");
+    const SqlReader sql(m_device.paths().objectStore());
+    EXPECT_EQ(sql.value("SELECT type FROM databases WHERE name = 'KovTestList'"), 12345);
+    EXPECT_EQ(sql.value("SELECT sort_propid FROM databases WHERE name = 'KovTestList'"), 52494367);
+}
+
+TEST_F(ItemListDialogTest, DeletesTheSelectedNameWithoutAskingAndSaysWhatWentWrong) {
+    start();
+    ASSERT_TRUE(NameList("KovTestList").ensureExists({"Leg Press", "Squats", "Lunges"}));
+    QStringList shown;
+    edit("KovTestList", [&](QWidget* dialog) {
+        click(dialog, "c1030");
+        select(dialog, "Squats");
+        click(dialog, "c1030");
+        shown << rows(dialog).join('|');
+        // Gone behind the editor's back.
+        ASSERT_TRUE(NameList("KovTestList").remove("Lunges"));
+        select(dialog, "Lunges");
+        click(dialog, "c1030");
+        shown << rows(dialog).join('|');
+        click(dialog, "c1");
+    });
+    EXPECT_EQ(shown, QStringList({"Leg Press|Lunges", "Leg Press|Lunges"}));
+    EXPECT_EQ(m_boxes.texts(), QStringList({"Please select an item to delete", "Error deleting entry"}));
+    EXPECT_EQ(stored("KovTestList"), "Leg Press");
+}
+
+TEST_F(ItemListDialogTest, OkOffersToAddTheNameStillTyped) {
+    start();
+    const QString offer = "Would you like to add Rows to the list?  Click OK to add Rows to the list, or Cancel to "
+                          "continue without adding.";
+    for (const char* answer : {"c2", "c1"}) {
+        QString asked;
+        whenShown(QStringLiteral("ConfirmDialog"), [&asked, answer](QWidget* confirm) {
+            asked = confirm->findChild<QLabel*>(QStringLiteral("c1310"))->text();
+            confirm->findChild<QPushButton*>(QString::fromLatin1(answer))->click();
+        });
+        const QString added = edit("KovTestList", [](QWidget* dialog) {
+            QTest::keyClicks(dialog->findChild<QLineEdit*>(QStringLiteral("c1008")), "Rows");
+            click(dialog, "c1");
+        });
+        EXPECT_EQ(asked, offer);
+        EXPECT_EQ(added, QString::fromLatin1(answer) == "c1" ? "Rows" : "");
+        EXPECT_EQ(stored("KovTestList"), QString::fromLatin1(answer) == "c1" ? "Rows" : "");
+    }
+}
+
+TEST_F(ItemListDialogTest, TheUserListShowsTheUserPromptsAndLeavesDeletingAndChoosingToTheUserMode) {
+    start();
+    FakeUserMode users;
+    ItemListDialog editor(&main());
+    editor.setDatabaseName("KovUserList");
+    editor.setUserMode(&users);
+    QString prompts;
+    whenShown(QStringLiteral("ItemListDialog"), [&](QWidget* dialog) {
+        prompts = prompt(dialog, 1065) + " / " + prompt(dialog, 1066);
+        add(dialog, "Ann\\x");
+        add(dialog, "Ann");
+        select(dialog, "Ann");
+        click(dialog, "c1030");
+        click(dialog, "c1");
+    });
+    editor.edit();
+    EXPECT_EQ(prompts, "Type in the name of a new user and click Add / or, highlight the name of an existing user "
+                       "and click Delete to delete them");
+    EXPECT_EQ(m_boxes.texts(), QStringList{"No backslash"});
+    EXPECT_EQ(users.deleted, QStringList{"Ann"});
+    EXPECT_EQ(users.offered, QStringList{"Ann"});
+    EXPECT_EQ(editor.lastAdded(), "Ann");
+    EXPECT_EQ(editor.nameHandedBack(), "Default");
+}
