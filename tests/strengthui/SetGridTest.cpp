@@ -2,7 +2,6 @@
 
 #include "CommandBar.h"
 #include "ItemListDialog.h"
-#include "RegistryHelper.h"
 #include "SqlReader.h"
 #include "Settings.h"
 #include "UpDownControl.h"
@@ -34,10 +33,6 @@ StrengthSet set(const QString& exercise, const QString& reps, double weight, con
     made.rest = rest;
     made.intensity = intensity;
     return made;
-}
-
-void setNumber(const QString& name, DWORD value) {
-    RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, name, value);
 }
 
 class SetGridTest : public StrengthScreenTest {
