@@ -210,7 +210,10 @@ void ScreenshotTour::tourStrength() {
     save(grabScreen(), QStringLiteral("set-grid-clear-menu.png"));
     main.commandBar()->addedMenu(IDR_SETGRID_MENU)->hide();
 
+    // The picker opens on the row that has the focus.
+    m_app->screen().activateWindow();
     grid->row(5).exercise->setFocus();
+    QApplication::processEvents();
     whenUp(QStringLiteral("SelectExerciseDialog"), QStringLiteral("select-exercise.png"));
     command(ID_GRID_SELECTEXERCISE);
     whenUp(QStringLiteral("ItemListDialog"), QStringLiteral("item-list.png"), QStringLiteral("Cable Crossover"));
