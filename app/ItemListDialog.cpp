@@ -16,7 +16,8 @@ namespace {
 const QString kItemPrompt1 = QStringLiteral("Enter an item here, and click 'add'...");
 const QString kItemPrompt2 = QStringLiteral("...or highlight an existing item and choose 'Delete' to remove it.");
 const QString kUserPrompt1 = QStringLiteral("Type in the name of a new user and click Add");
-const QString kUserPrompt2 = QStringLiteral("or, highlight the name of an existing user and click Delete to delete them");
+const QString kUserPrompt2 =
+    QStringLiteral("or, highlight the name of an existing user and click Delete to delete them");
 
 QString controlName(int id) {
     return QStringLiteral("c%1").arg(id);

@@ -1,7 +1,7 @@
 #pragma once
 // Writes PNG pictures of the device screen at scale 1 (240 x 320): the start-up box, the release
-// notes, every tab, the menu open, the Options dialog, and the strength screens with a workout. Runs the whole program offscreen on a
-// fresh temporary device with the clock fixed, driving it as a user would.
+// notes, every tab, the menu open, the Options dialog, and the strength screens with a workout. Runs the whole program
+// offscreen on a fresh temporary device with the clock fixed, driving it as a user would.
 
 #include <QImage>
 #include <QObject>

@@ -35,7 +35,7 @@ constexpr int IDR_UPPERBODY_TOOLBAR = 151;
 constexpr int IDR_LOWERBODY_TOOLBAR = 157;
 constexpr int IDR_FOOD_TOOLBAR = 162;
 constexpr int IDR_TODAY_TOOLBAR = 178;
-constexpr int RT_TOOLBAR = 241; // the resource type tool bars are kept as
+constexpr int RT_TOOLBAR = 241;          // the resource type tool bars are kept as
 constexpr int IDR_SETGRID_MENU = 291;    // the set-entry grid's pop-up "Clear..."
 constexpr int IDR_SETGRID_TOOLBAR = 292; // the set-entry grid's buttons: save, cancel, pick, edit list
 
@@ -53,11 +53,11 @@ constexpr int IDB_UPPERBODY_TOOLBAR = IDR_UPPERBODY_TOOLBAR;
 constexpr int IDB_LOWERBODY_TOOLBAR = IDR_LOWERBODY_TOOLBAR;
 constexpr int IDB_FOOD_TOOLBAR = IDR_FOOD_TOOLBAR;
 constexpr int IDB_TODAY_TOOLBAR = IDR_TODAY_TOOLBAR;
-constexpr int IDB_STARTUP = 280;    // the picture of the start-up progress box
-constexpr int IDB_INPUTPANEL = 281; // the input-panel button of the command bar
-constexpr int IDB_SETGRID_BAR = 197;                      // the column heads over the set-entry grid's rows
+constexpr int IDB_STARTUP = 280;                         // the picture of the start-up progress box
+constexpr int IDB_INPUTPANEL = 281;                      // the input-panel button of the command bar
+constexpr int IDB_SETGRID_BAR = 197;                     // the column heads over the set-entry grid's rows
 constexpr int IDB_SETGRID_TOOLBAR = IDR_SETGRID_TOOLBAR; // the set-entry grid's button images
-constexpr int IDB_NOW = 293;                              // the strength pages' "!" (now) buttons
+constexpr int IDB_NOW = 293;                             // the strength pages' "!" (now) buttons
 
 // --- Controls ---------------------------------------------------------------------------------
 constexpr int IDC_TAB = 1000; // the main dialog's tab row

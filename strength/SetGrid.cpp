@@ -1,8 +1,8 @@
 #include "SetGrid.h"
 
 #include "Bitmaps.h"
-#include "DeviceFonts.h"
 #include "CompactComboStyle.h"
+#include "DeviceFonts.h"
 #include "ExerciseLists.h"
 #include "MessageBox.h"
 #include "PageHeading.h"
@@ -189,8 +189,7 @@ SetGridRecords SetGrid::gridRecords() const {
         return SetGridRecords(host().upperBodyADatabaseName(), host().upperBodyBDatabaseName(),
                               const_cast<SetGrid*>(this));
     }
-    return SetGridRecords(host().lowerBodyADatabaseName(), host().lowerBodyBDatabaseName(),
-                          const_cast<SetGrid*>(this));
+    return SetGridRecords(host().lowerBodyADatabaseName(), host().lowerBodyBDatabaseName(), const_cast<SetGrid*>(this));
 }
 
 void SetGrid::openGroup(const QDate& date, int groupCode) {
@@ -369,9 +368,9 @@ void SetGrid::focusChanged(QWidget* now) {
     }
     for (int index = 0; index < kRows; ++index) {
         const Row& row = m_rows[static_cast<size_t>(index)];
-        for (QWidget* control : {static_cast<QWidget*>(row.exercise), static_cast<QWidget*>(row.reps),
-                                 static_cast<QWidget*>(row.weight), static_cast<QWidget*>(row.rest),
-                                 static_cast<QWidget*>(row.intensity)}) {
+        for (QWidget* control :
+             {static_cast<QWidget*>(row.exercise), static_cast<QWidget*>(row.reps), static_cast<QWidget*>(row.weight),
+              static_cast<QWidget*>(row.rest), static_cast<QWidget*>(row.intensity)}) {
             if (control == now || control->isAncestorOf(now)) {
                 m_currentRow = index;
                 ensureRowShown(index);

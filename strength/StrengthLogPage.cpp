@@ -183,9 +183,11 @@ void StrengthLogPage::placeControls() {
 StrengthRecords StrengthLogPage::records() const {
     // The names are asked for each time: they change with the user.
     if (m_region == BodyRegion::Upper) {
-        return StrengthRecords(host().upperBodyADatabaseName(), host().upperBodyBDatabaseName(), const_cast<StrengthLogPage*>(this));
+        return StrengthRecords(host().upperBodyADatabaseName(), host().upperBodyBDatabaseName(),
+                               const_cast<StrengthLogPage*>(this));
     }
-    return StrengthRecords(host().lowerBodyADatabaseName(), host().lowerBodyBDatabaseName(), const_cast<StrengthLogPage*>(this));
+    return StrengthRecords(host().lowerBodyADatabaseName(), host().lowerBodyBDatabaseName(),
+                           const_cast<StrengthLogPage*>(this));
 }
 
 // --- Page hooks -----------------------------------------------------------------------------------
@@ -321,8 +323,8 @@ void StrengthLogPage::completedClicked() {
 
 void StrengthLogPage::passTimesOn(const WorkoutHeader& header) {
     if (asOne()) {
-        host().forwardTimesToStrengthPage(otherRegion(m_region),
-                                          WorkoutTimes{header.start, header.end, header.elapsed, header.completed == 1});
+        host().forwardTimesToStrengthPage(
+            otherRegion(m_region), WorkoutTimes{header.start, header.end, header.elapsed, header.completed == 1});
     }
 }
 

@@ -2,8 +2,8 @@
 
 #include "CommandBar.h"
 #include "ItemListDialog.h"
-#include "SqlReader.h"
 #include "Settings.h"
+#include "SqlReader.h"
 #include "UpDownControl.h"
 #include "resource.h"
 

@@ -3,13 +3,13 @@
 // a fresh device with the clock fixed, tap-and-hold installed, and what the strength databases hold
 // read back with plain SQL.
 
+#include "MessageBox.h"
 #include "SetGrid.h"
 #include "ShellPageFactory.h"
 #include "ShellTestSupport.h"
 #include "StoredStrength.h"
 #include "StrengthLogPage.h"
 #include "TapAndHold.h"
-#include "MessageBox.h"
 #include "resource.h"
 
 #include <QComboBox>
