@@ -181,10 +181,12 @@ CEOID CeSeekDatabase(HANDLE db, DWORD seekType, const CEPROPVAL& value, DWORD* i
 // fidelity.
 CEOID CeReadRecordProps(HANDLE db, DWORD flags, std::vector<CEPROPVAL>* props);
 // Reads only the properties listed in wanted (full ids: number and type), as the device's read with
-// a property-id array does: props gets one entry per id of wanted, in the order given; an id the
-// record lacks comes back with CEDB_PROPNOTFOUND in wFlags and an empty value. Otherwise as the
-// read above: the same return value, CEDB_AUTOINCREMENT step and errors (ERROR_INVALID_DATA only
-// for a stored value among those asked for).
+// a property-id array does: props gets one entry per id of wanted, in the order given, and an id
+// the record lacks comes back with CEDB_PROPNOTFOUND in wFlags (its value means nothing). The
+// entries props already holds are used again, so a walk that reads the same list from record to
+// record allocates nothing; only the value member an entry's type names is ever written. Otherwise
+// as the read above: the same return value, CEDB_AUTOINCREMENT step and errors (ERROR_INVALID_DATA
+// only for a stored value among those asked for).
 CEOID CeReadRecordProps(HANDLE db, DWORD flags, const std::vector<CEPROPID>& wanted, std::vector<CEPROPVAL>* props);
 // Writes props into record oid (0: a new record). An existing record keeps the properties not
 // named; a property flagged CEDB_PROPDELETE is removed. Happens whole or not at all.

@@ -3,6 +3,8 @@
 #include "DayKey.h"
 #include "RecordDatabase.h"
 
+#include <array>
+
 namespace {
 // The ids of the group's 60 properties, typed as a save writes them: a walk back reads only these.
 // The numbers depend on the group's index alone, not on its region.
@@ -47,11 +49,8 @@ std::optional<GroupSets> SetGridRecords::open(const QDate& day, const MuscleGrou
     if (GroupSets::holdsGroup(today, group) || !settings.pullLast) {
         return GroupSets::fromRecord(today, group);
     }
-    const Search earlier = searchFrom(db, db.SeekPrevious(), group, QString());
-    if (earlier.failed) {
-        return std::nullopt;
-    }
-    return earlier.found.value_or(GroupSets());
+    // A walk that fails has shown its message; the rows stay empty.
+    return searchFrom(db, db.SeekPrevious(), group, QString()).found.value_or(GroupSets());
 }
 
 bool SetGridRecords::firstExerciseChanged(const QDate& day, const MuscleGroup& group, GroupSets& sets,

@@ -36,8 +36,8 @@ int main(int argc, char* argv[]) {
         {"years", "How many years of days (default 10).", "N", "10"},
         {"end", "The last day of the period (default today).", "YYYY-MM-DD"},
         {"seed", "The seed of the content; the same seed builds the same device (default 1).", "N", "1"},
-        {"misc-rest-years", "The Misc groups (upper Misc, lower Misc 2) are not trained in the last N years (default 0).",
-         "N", "0"},
+        {"misc-rest-years",
+         "The Misc groups (upper Misc, lower Misc 2) are not trained in the last N years (default 0).", "N", "0"},
     });
     parser.process(app);
 

@@ -1,6 +1,6 @@
+#include "RecordDatabase.h"
 #include "DatabaseCatalogue.h"
 #include "DayKey.h"
-#include "RecordDatabase.h"
 #include "SqlReader.h"
 #include "TestDevice.h"
 
@@ -141,4 +141,48 @@ TEST_F(RecordDatabaseTest, OperationsOnAClosedOrMissingDatabaseFail) {
     EXPECT_FALSE(db.ReadCurrent(record));
     EXPECT_EQ(db.Write(dayRecord(QDate(2001, 1, 1), "x"), 0), 0u);
     EXPECT_FALSE(db.DeleteDatabase());
+}
+
+TEST_F(RecordDatabaseTest, StepsBackRecordByRecordReadingOnlyTheListedProperties) {
+    const QDate first(2006, 5, 1);
+    RecordDatabase db;
+    ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
+    std::vector<CEOID> days;
+    for (int i = 0; i < 3; ++i) {
+        DbRecord record = dayRecord(first.addDays(i), "note");
+        record.append(DbProp::i2(102, static_cast<std::int16_t>(7 + i)));
+        if (i == 1) {
+            record.append(DbProp::text(106, "Leg Press"));
+        }
+        days.push_back(db.Write(record, 0));
+    }
+    db.Close();
+
+    ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
+    EXPECT_EQ(db.SeekPrevious(), 0u); // right after opening the first record is current
+    ASSERT_EQ(db.SeekFirstEqual(DayKey::prop(first.addDays(2))), days[2]);
+    ASSERT_EQ(db.SeekPrevious(), days[1]);
+    // In the order asked; a number stored with another type, or not at all, is left out.
+    const std::vector<CEPROPID> wanted = {PROP_TAG(CEVT_LPWSTR, 106), PROP_TAG(CEVT_I2, 102), PROP_TAG(CEVT_I2, 1132),
+                                          PROP_TAG(CEVT_R8, 108)};
+    DbRecord read;
+    ASSERT_TRUE(db.ReadCurrent(read, wanted));
+    ASSERT_EQ(read.size(), 2);
+    EXPECT_EQ(read.props()[0], DbProp::text(106, "Leg Press"));
+    EXPECT_EQ(read.props()[1], DbProp::i2(102, 8));
+    EXPECT_EQ(db.CurrentRecordId(), days[1]);
+
+    ASSERT_EQ(db.SeekPrevious(), days[0]);
+    ASSERT_TRUE(db.ReadCurrent(read, {PROP_TAG(CEVT_LPWSTR, 106)}));
+    EXPECT_TRUE(read.isEmpty());
+    EXPECT_EQ(db.SeekPrevious(), 0u);
+    EXPECT_FALSE(db.ReadCurrent(read, wanted)); // nothing is current at the start
+    EXPECT_EQ(db.SeekNext(), 0u);
+
+    EXPECT_EQ(db.SeekLastSmaller(DayKey::prop(first.addDays(30))), days[2]);
+    EXPECT_EQ(db.SeekLastSmaller(DayKey::prop(first.addDays(1))), days[0]);
+    EXPECT_EQ(db.SeekLastSmaller(DayKey::prop(first)), 0u);
+    db.Close();
+    EXPECT_FALSE(db.ReadCurrent(read, wanted));
+    EXPECT_EQ(db.SeekPrevious(), 0u);
 }
