@@ -2,6 +2,7 @@
 
 #include "Bitmaps.h"
 #include "Clock.h"
+#include "DatePicker.h"
 #include "DeviceFonts.h"
 #include "MessageBox.h"
 #include "PageHeading.h"
@@ -94,10 +95,7 @@ StrengthLogPage::StrengthLogPage(PageHost& host, BodyRegion region, QWidget* par
 }
 
 void StrengthLogPage::createControls() {
-    m_datePicker = named(new QDateEdit(this), IDC_STRENGTH_DATE);
-    m_datePicker->setDisplayFormat(QStringLiteral("M/d/yyyy"));
-    m_datePicker->setCalendarPopup(true);
-    m_datePicker->setKeyboardTracking(false);
+    m_datePicker = named(new DatePicker(this), IDC_STRENGTH_DATE);
 
     m_startPicker = timePicker(this, IDC_STRENGTH_START, QStringLiteral("h:mm AP"));
     m_endPicker = timePicker(this, IDC_STRENGTH_END, QStringLiteral("h:mm AP"));
