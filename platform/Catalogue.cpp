@@ -3,6 +3,8 @@
 #include "PropertyCodec.h"
 #include "Volume.h"
 
+#include <initializer_list>
+
 namespace {
 const char* const kByName = "SELECT oid, name, type, sort_propid, sort_flags FROM databases WHERE name = ?1";
 const char* const kById = "SELECT oid, name, type, sort_propid, sort_flags FROM databases WHERE oid = ?1";
@@ -124,42 +126,33 @@ DWORD Catalogue::remove(CEOID oid) {
     });
 }
 
-DWORD Catalogue::countRecords(CEOID oid, DWORD* count) {
-    SqlStatement* statement = m_volume.statement(kCount);
+namespace {
+// Runs the cached query sql with the numbers bound in order, and gives its one number as a DWORD.
+DWORD queryNumber(Volume& volume, const char* sql, std::initializer_list<std::int64_t> numbers, DWORD* result) {
+    SqlStatement* statement = volume.statement(sql);
     if (statement == nullptr) {
         return ERROR_BADDB;
     }
     SqlStatement::Scope scope(*statement);
-    statement->bindInt(1, oid);
+    int index = 1;
+    for (const std::int64_t number : numbers) {
+        statement->bindInt(index++, number);
+    }
     std::int64_t value = 0;
     const DWORD error = statement->queryInt(&value);
-    *count = static_cast<DWORD>(value);
+    *result = static_cast<DWORD>(value);
     return error;
+}
+} // namespace
+
+DWORD Catalogue::countRecords(CEOID oid, DWORD* count) {
+    return queryNumber(m_volume, kCount, {oid}, count);
 }
 
 DWORD Catalogue::nextDatabase(CEOID after, DWORD type, CEOID* next) {
-    SqlStatement* statement = m_volume.statement(kNext);
-    if (statement == nullptr) {
-        return ERROR_BADDB;
-    }
-    SqlStatement::Scope scope(*statement);
-    statement->bindInt(1, after);
-    statement->bindInt(2, type);
-    std::int64_t value = 0;
-    const DWORD error = statement->queryInt(&value);
-    *next = static_cast<CEOID>(value);
-    return error;
+    return queryNumber(m_volume, kNext, {after, type}, next);
 }
 
 DWORD Catalogue::recordParent(CEOID oid, CEOID* database) {
-    SqlStatement* statement = m_volume.statement(kParent);
-    if (statement == nullptr) {
-        return ERROR_BADDB;
-    }
-    SqlStatement::Scope scope(*statement);
-    statement->bindInt(1, oid);
-    std::int64_t value = 0;
-    const DWORD error = statement->queryInt(&value);
-    *database = static_cast<CEOID>(value);
-    return error;
+    return queryNumber(m_volume, kParent, {oid}, database);
 }

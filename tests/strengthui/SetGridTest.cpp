@@ -17,23 +17,10 @@
 #include <QToolButton>
 
 namespace {
-const QDate kToday(2024, 3, 14);
 const QDate kEarlier(2024, 3, 10);
-const QString kUpperA = QStringLiteral("Kov2AUpperBody");
-const QString kUpperB = QStringLiteral("Kov2BUpperBody");
 const MuscleGroup kChest(BodyRegion::Upper, 0);
 const QStringList kChestSorted = {"Barbell Bench Press", "Dumbbell Bench Press", "Dumbbell Flyes",
                                   "Incline Dumbbell Press"};
-
-StrengthSet set(const QString& exercise, const QString& reps, double weight, const QString& rest, int intensity) {
-    StrengthSet made;
-    made.exercise = exercise;
-    made.reps = reps;
-    made.weight = weight;
-    made.rest = rest;
-    made.intensity = intensity;
-    return made;
-}
 
 class SetGridTest : public StrengthScreenTest {
 protected:

@@ -15,20 +15,7 @@
 #include <QToolButton>
 
 namespace {
-const QDate kToday(2024, 3, 14);
-const QString kUpperA = QStringLiteral("Kov2AUpperBody");
-const QString kUpperB = QStringLiteral("Kov2BUpperBody");
 const QString kLowerA = QStringLiteral("Kov2ALowerBody");
-
-StrengthSet set(const QString& exercise, const QString& reps, double weight, const QString& rest, int intensity) {
-    StrengthSet made;
-    made.exercise = exercise;
-    made.reps = reps;
-    made.weight = weight;
-    made.rest = rest;
-    made.intensity = intensity;
-    return made;
-}
 
 class StrengthLogPageTest : public StrengthScreenTest {
 protected:

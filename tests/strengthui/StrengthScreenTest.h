@@ -9,6 +9,7 @@
 #include "ShellTestSupport.h"
 #include "StoredStrength.h"
 #include "StrengthLogPage.h"
+#include "StrengthSet.h"
 #include "TapAndHold.h"
 #include "resource.h"
 
@@ -18,6 +19,22 @@
 #include <QTreeWidget>
 
 constexpr int kI2 = 2, kUI2 = 18, kR8 = 5, kText = 31;
+
+// The day the screen tests show, and the upper-body databases of the Default user.
+inline const QDate kToday(2024, 3, 14);
+inline const QString kUpperA = QStringLiteral("Kov2AUpperBody");
+inline const QString kUpperB = QStringLiteral("Kov2BUpperBody");
+
+inline StrengthSet set(const QString& exercise, const QString& reps, double weight, const QString& rest,
+                       int intensity) {
+    StrengthSet made;
+    made.exercise = exercise;
+    made.reps = reps;
+    made.weight = weight;
+    made.rest = rest;
+    made.intensity = intensity;
+    return made;
+}
 
 class StrengthScreenTest : public ShellTest {
 protected:
