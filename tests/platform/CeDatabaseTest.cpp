@@ -2,6 +2,7 @@
 // seek kind and the read loop, checked against the numbers of the Windows CE 3.0 service.
 
 #include "CeDatabase.h"
+#include "PropVals.h"
 #include "SqlReader.h"
 #include "TestDevice.h"
 
@@ -13,20 +14,6 @@ namespace {
 constexpr WORD kKey = 5; // the sort property's number in these tests
 constexpr CEPROPID kIntKey = PROP_TAG(CEVT_I4, kKey);
 constexpr CEPROPID kTextKey = PROP_TAG(CEVT_LPWSTR, kKey);
-
-CEPROPVAL i4(WORD number, LONG value) {
-    CEPROPVAL prop;
-    prop.propid = PROP_TAG(CEVT_I4, number);
-    prop.val.lVal = value;
-    return prop;
-}
-
-CEPROPVAL text(WORD number, const QString& value) {
-    CEPROPVAL prop;
-    prop.propid = PROP_TAG(CEVT_LPWSTR, number);
-    prop.val.lpwstr = value;
-    return prop;
-}
 
 CEPROPVAL deletion(CEPROPID propid) {
     CEPROPVAL prop;

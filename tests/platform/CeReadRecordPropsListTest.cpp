@@ -2,6 +2,7 @@
 // back for each id asked, the auto-increment step, the errors, and records deleted while current.
 
 #include "CeDatabase.h"
+#include "PropVals.h"
 #include "TestDevice.h"
 
 #include <sqlite3.h>
@@ -13,20 +14,6 @@
 namespace {
 constexpr CEPROPID kKey = PROP_TAG(CEVT_I4, 5);
 constexpr CEPROPID kAbsent = PROP_TAG(CEVT_I4, 99);
-
-CEPROPVAL i4(WORD number, LONG value) {
-    CEPROPVAL prop;
-    prop.propid = PROP_TAG(CEVT_I4, number);
-    prop.val.lVal = value;
-    return prop;
-}
-
-CEPROPVAL text(WORD number, const QString& value) {
-    CEPROPVAL prop;
-    prop.propid = PROP_TAG(CEVT_LPWSTR, number);
-    prop.val.lpwstr = value;
-    return prop;
-}
 
 class CeReadRecordPropsListTest : public ::testing::Test {
 protected:
