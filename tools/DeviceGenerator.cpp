@@ -3,6 +3,7 @@
 #include "BulkRecordWriter.h"
 #include "DayKey.h"
 #include "DevicePaths.h"
+#include "NameList.h"
 #include "RecordDatabase.h"
 #include "SampleRecords.h"
 
@@ -101,6 +102,11 @@ bool DeviceGenerator::createDatabases() {
                 return fail(QStringLiteral("Cannot create the database %1 (error %2).").arg(name).arg(GetLastError()));
             }
         }
+    }
+    // The user list as the program keeps it, so that Switch User offers every generated user.
+    const NameList users(QStringLiteral("KovUserList"));
+    if (!users.ensureExists(QStringList{QStringLiteral("<add new user>")} + userNames())) {
+        return fail(QStringLiteral("Cannot create the user list (error %1).").arg(GetLastError()));
     }
     return true;
 }
