@@ -101,6 +101,20 @@ QByteArray toBytes(const RegistryStore::Value& value) {
     }
     return std::get<QByteArray>(value);
 }
+// What opening and creating a key check first: the root, the result pointer, the subkey's levels
+// and a mounted object store.
+DWORD startKeyCall(HKEY root, const QString& subKey, HKEY* resultKey, QStringList* components,
+                   std::unique_ptr<RegistryStore>* registry) {
+    DWORD error = resultKey == nullptr ? ERROR_INVALID_PARAMETER : checkKey(root);
+    if (error == ERROR_SUCCESS) {
+        error = splitSubKey(subKey, components);
+    }
+    if (error == ERROR_SUCCESS) {
+        *registry = store();
+        error = *registry == nullptr ? ERROR_INVALID_HANDLE : ERROR_SUCCESS;
+    }
+    return error;
+}
 } // namespace
 
 HKEY const HKEY_CURRENT_USER = &g_currentUser;
@@ -108,14 +122,8 @@ HKEY const HKEY_LOCAL_MACHINE = &g_localMachine;
 
 LONG RegCreateKeyExW(HKEY root, const QString& subKey, HKEY* resultKey, DWORD* disposition) {
     QStringList components;
-    DWORD error = resultKey == nullptr ? ERROR_INVALID_PARAMETER : checkKey(root);
-    if (error == ERROR_SUCCESS) {
-        error = splitSubKey(subKey, &components);
-    }
-    auto registry = store();
-    if (error == ERROR_SUCCESS && registry == nullptr) {
-        error = ERROR_INVALID_HANDLE;
-    }
+    std::unique_ptr<RegistryStore> registry;
+    DWORD error = startKeyCall(root, subKey, resultKey, &components, &registry);
     QString path;
     bool created = false;
     if (error == ERROR_SUCCESS) {
@@ -132,14 +140,8 @@ LONG RegCreateKeyExW(HKEY root, const QString& subKey, HKEY* resultKey, DWORD* d
 
 LONG RegOpenKeyExW(HKEY root, const QString& subKey, HKEY* resultKey) {
     QStringList components;
-    DWORD error = resultKey == nullptr ? ERROR_INVALID_PARAMETER : checkKey(root);
-    if (error == ERROR_SUCCESS) {
-        error = splitSubKey(subKey, &components);
-    }
-    auto registry = store();
-    if (error == ERROR_SUCCESS && registry == nullptr) {
-        error = ERROR_INVALID_HANDLE;
-    }
+    std::unique_ptr<RegistryStore> registry;
+    DWORD error = startKeyCall(root, subKey, resultKey, &components, &registry);
     QString path = root->path;
     if (error == ERROR_SUCCESS && !components.isEmpty()) {
         bool found = false;

@@ -173,13 +173,7 @@ bool DirectStore::walkBack(CEOID database, std::int64_t key, CEPROPID first, CEP
     return rc == SQLITE_DONE || fail();
 }
 
-bool DirectStore::writeDayProps(const QString& name, std::int64_t key, const DirectRecord& props) {
-    if (!exec(m_begin)) {
-        return false;
-    }
-    const CEOID database = databaseId(name);
-    const CEOID record = database == 0 ? 0 : seekFirstEqual(database, key);
-    bool ok = record != 0;
+bool DirectStore::upsertAndCommit(bool ok, CEOID record, const DirectRecord& props) {
     sqlite3_bind_int64(m_upsertProp, 1, record);
     for (auto prop = props.begin(); ok && prop != props.end(); ++prop) {
         sqlite3_bind_int64(m_upsertProp, 2, prop->id);
@@ -192,6 +186,16 @@ bool DirectStore::writeDayProps(const QString& name, std::int64_t key, const Dir
     return false;
 }
 
+bool DirectStore::writeDayProps(const QString& name, std::int64_t key, const DirectRecord& props) {
+    if (!exec(m_begin)) {
+        return false;
+    }
+    const CEOID database = databaseId(name);
+    const CEOID record = database == 0 ? 0 : seekFirstEqual(database, key);
+    bool ok = record != 0;
+    return upsertAndCommit(ok, record, props);
+}
+
 bool DirectStore::writeProps(CEOID database, CEOID record, const DirectRecord& props) {
     if (!exec(m_begin)) {
         return false;
@@ -200,16 +204,7 @@ bool DirectStore::writeProps(CEOID database, CEOID record, const DirectRecord& p
     sqlite3_bind_int64(m_checkRecord, 2, database);
     bool ok = sqlite3_step(m_checkRecord) == SQLITE_ROW;
     sqlite3_reset(m_checkRecord);
-    sqlite3_bind_int64(m_upsertProp, 1, record);
-    for (auto prop = props.begin(); ok && prop != props.end(); ++prop) {
-        sqlite3_bind_int64(m_upsertProp, 2, prop->id);
-        ok = bindValue(m_upsertProp, 3, *prop) == SQLITE_OK && exec(m_upsertProp);
-    }
-    if (ok && exec(m_commit)) {
-        return true;
-    }
-    exec(m_rollback);
-    return false;
+    return upsertAndCommit(ok, record, props);
 }
 
 long DirectStore::walk(CEOID database, const std::function<void(CEOID, const DirectRecord&)>& visit) {

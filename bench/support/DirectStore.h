@@ -66,6 +66,9 @@ public:
     static DirectRecord fromRecord(const DbRecord& record);
 
 private:
+    // Writes props into record inside the open transaction (when ok), then commits, or rolls back
+    // when anything failed.
+    bool upsertAndCommit(bool ok, CEOID record, const DirectRecord& props);
     bool prepare(sqlite3_stmt** statement, const char* sql);
     bool exec(sqlite3_stmt* statement);
     bool fail();
