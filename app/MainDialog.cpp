@@ -112,6 +112,9 @@ void MainDialog::createCommandBar() {
     m_commandBar->insertMenuBar(IDR_MENUBAR);
     m_commandBar->addToolBar(IDR_TODAY_TOOLBAR);
     m_commandBar->show();
+    // The loading steps run without returning to the event loop: paint the bar now, so that "Menu"
+    // stands under the progress box while the pages load.
+    m_commandBar->repaint();
 }
 
 void MainDialog::buildTabs() {

@@ -5,6 +5,7 @@
 #include "CommandBar.h"
 #include "ConfirmDialog.h"
 #include "DeviceMessageBoxPresenter.h"
+#include "DeviceCombo.h"
 #include "DevicePaths.h"
 #include "KovalinApp.h"
 #include "MainDialog.h"

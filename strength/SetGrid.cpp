@@ -2,11 +2,14 @@
 
 #include "Bitmaps.h"
 #include "CompactComboStyle.h"
+#include "DeviceCombo.h"
 #include "DeviceFonts.h"
 #include "ExerciseLists.h"
 #include "MessageBox.h"
+#include "NumberEdit.h"
 #include "PageHeading.h"
 #include "PageHost.h"
+#include "RatingCombo.h"
 #include "RegistryHelper.h"
 #include "SelectExerciseDialog.h"
 #include "SetGridRecords.h"
@@ -15,8 +18,6 @@
 #include "resource.h"
 
 #include <QApplication>
-#include <QComboBox>
-#include <QDoubleValidator>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -35,10 +36,11 @@ struct Place {
     int x;
     int width;
 };
-constexpr Place kLabel{0, 13};
-constexpr Place kExercise{14, 92};
-constexpr Place kReps{107, 26};
-constexpr Place kWeight{134, 26};
+// The label keeps clear of the screen's edge; the weight column holds "999.9" and "102.25" whole.
+constexpr Place kLabel{1, 13};
+constexpr Place kExercise{16, 76};
+constexpr Place kReps{93, 26};
+constexpr Place kWeight{120, 40};
 constexpr Place kUpDown{160, 10};
 constexpr Place kRest{171, 26};
 constexpr Place kIntensity{198, 28};
@@ -66,24 +68,6 @@ PullSettings pullSettings() {
                                     setting(Settings::kFillIn));
 }
 
-// A sorted combo orders its items as the device's did: ignoring case, and by case among equals.
-QStringList sortedForCombo(QStringList items) {
-    std::stable_sort(items.begin(), items.end(), [](const QString& a, const QString& b) {
-        const int folded = a.compare(b, Qt::CaseInsensitive);
-        return folded != 0 ? folded < 0 : a < b;
-    });
-    return items;
-}
-
-// Whole weights show without decimals; others as stored.
-QString weightText(double weight) {
-    return QString::number(weight, 'g', 10);
-}
-
-double weightOf(const QString& text) {
-    return QLocale::c().toDouble(text);
-}
-
 void place(QWidget* widget, const Place& where, int top) {
     widget->setGeometry(where.x, top, where.width, kControlHeight);
 }
@@ -106,7 +90,7 @@ SetGrid::SetGrid(PageHost& host, QWidget* parent) : Page(host, IDD_SETGRID, QStr
     m_scrollBar->setGeometry(kAreaWidth, kRowsTop, Page::kWidth - kAreaWidth, kVisibleRows * kRowHeight);
     m_scrollBar->setRange(0, kScrollMaximum);
     m_scrollBar->setPageStep(kScrollPage);
-    m_scrollBar->setSingleStep(kScrollPage);
+    connect(m_scrollBar, &QScrollBar::actionTriggered, this, &SetGrid::scrollAction);
     connect(m_scrollBar, &QScrollBar::valueChanged, this, &SetGrid::scrollTo);
 
     m_comboStyle = new CompactComboStyle(this);
@@ -120,13 +104,9 @@ void SetGrid::createRows() {
     for (int index = 0; index < kRows; ++index) {
         createRow(index);
     }
-    QComboBox* first = m_rows[0].exercise;
+    DeviceCombo* first = m_rows[0].exercise;
     connect(first, &QComboBox::activated, this, &SetGrid::firstExerciseEdited);
     connect(first->lineEdit(), &QLineEdit::editingFinished, this, &SetGrid::firstExerciseEdited);
-    for (const Row& row : m_rows) {
-        QLineEdit* name = row.exercise->lineEdit();
-        connect(name, &QLineEdit::editingFinished, name, [name] { name->setCursorPosition(0); });
-    }
 }
 
 void SetGrid::createRow(int index) {
@@ -143,13 +123,9 @@ void SetGrid::createRow(int index) {
     row.reps = makeCombo(ids[kRepsId], true, 0, 20);
     place(row.reps, kReps, top);
 
-    row.weight = new QLineEdit(m_rowArea);
+    row.weight = new NumberEdit(RangeCheck::Kind::Number, 0, 999, m_rowArea);
     row.weight->setObjectName(controlName(ids[kWeightId]));
-    auto* validator = new QDoubleValidator(0, 999, 3, row.weight);
-    validator->setNotation(QDoubleValidator::StandardNotation);
-    validator->setLocale(QLocale::c());
-    row.weight->setValidator(validator);
-    row.weight->setAlignment(Qt::AlignRight);
+    row.weight->setTextMargins(0, 0, 0, 0);
     place(row.weight, kWeight, top);
     row.upDown = new UpDownControl(row.weight, 0, 999, m_rowArea);
     row.upDown->setObjectName(controlName(ids[kUpDownId]));
@@ -157,25 +133,20 @@ void SetGrid::createRow(int index) {
 
     row.rest = makeCombo(ids[kRestId], true, 0, 10);
     place(row.rest, kRest, top);
-    row.intensity = makeCombo(ids[kIntensityId], false, 0, 10);
+    row.intensity = new RatingCombo(m_rowArea);
+    row.intensity->setObjectName(controlName(ids[kIntensityId]));
+    row.intensity->setStyle(m_comboStyle);
     place(row.intensity, kIntensity, top);
 }
 
-QComboBox* SetGrid::makeCombo(int id, bool editable, int first, int last) {
-    auto* combo = new QComboBox(m_rowArea);
+DeviceCombo* SetGrid::makeCombo(int id, bool editable, int first, int last) {
+    auto* combo = new DeviceCombo(editable, m_rowArea);
     combo->setObjectName(controlName(id));
     combo->setStyle(m_comboStyle);
-    combo->setEditable(editable);
     if (editable) {
-        // As typed: no completion that would finish a new name as an existing one.
-        combo->setCompleter(nullptr);
         combo->lineEdit()->setTextMargins(-1, 0, -1, 0);
     }
-    combo->setInsertPolicy(QComboBox::NoInsert);
     combo->setMaxVisibleItems(12);
-    // The wheel scrolls the rows; it never changes a value in passing.
-    combo->setFocusPolicy(Qt::StrongFocus);
-    combo->installEventFilter(this);
     for (int value = first; value <= last; ++value) {
         combo->addItem(QString::number(value));
     }
@@ -217,7 +188,20 @@ void SetGrid::openGroup(const QDate& date, int groupCode) {
     m_rows[0].exercise->setFocus();
 }
 
+bool SetGrid::commitWeights() {
+    for (const Row& row : m_rows) {
+        if (!row.weight->commit()) {
+            row.weight->setFocus();
+            return false;
+        }
+    }
+    return true;
+}
+
 void SetGrid::save() {
+    if (!commitWeights()) {
+        return;
+    }
     if (m_group) {
         gridRecords().save(m_date, *m_group, controlValues());
     }
@@ -245,6 +229,7 @@ bool SetGrid::handleCommand(int command) {
     case ID_CLEAR_ALLROWS:
     case ID_CLEAR_CURRENTROW:
     case ID_CLEAR_ROWANDBELOW: {
+        commitWeights();
         GroupSets sets = controlValues();
         if (command == ID_CLEAR_ALLROWS) {
             sets.clearAll();
@@ -270,7 +255,7 @@ GroupSets SetGrid::controlValues() const {
         StrengthSet& set = sets.at(index);
         set.exercise = row.exercise->currentText();
         set.reps = row.reps->currentText();
-        set.weight = weightOf(row.weight->text());
+        set.weight = row.weight->value();
         set.rest = row.rest->currentText();
         set.intensity = std::max(0, row.intensity->currentIndex());
     }
@@ -282,25 +267,19 @@ void SetGrid::showSets(const GroupSets& sets) {
         const Row& row = m_rows[static_cast<size_t>(index)];
         const StrengthSet& set = sets.at(index);
         const QSignalBlocker blocker(row.exercise);
-        showExercise(row.exercise, set.exercise);
-        row.reps->setEditText(set.reps);
-        row.reps->lineEdit()->setCursorPosition(0);
-        row.weight->setText(weightText(set.weight));
-        row.rest->setEditText(set.rest);
-        row.rest->lineEdit()->setCursorPosition(0);
-        row.intensity->setCurrentIndex(std::clamp(set.intensity, 0, row.intensity->count() - 1));
+        row.exercise->setText(set.exercise);
+        row.reps->setText(set.reps);
+        row.weight->setValue(set.weight);
+        row.rest->setText(set.rest);
+        row.intensity->setRating(std::clamp(set.intensity, 0, 10));
     }
     m_firstExercise = sets.at(0).exercise;
 }
 
 void SetGrid::fillExerciseLists(const QStringList& exercises) {
-    const QStringList sorted = sortedForCombo(exercises);
     for (const Row& row : m_rows) {
         const QSignalBlocker blocker(row.exercise);
-        const QString shown = row.exercise->currentText();
-        row.exercise->clear();
-        row.exercise->addItems(sorted);
-        showExercise(row.exercise, shown);
+        row.exercise->setSortedItems(exercises);
     }
 }
 
@@ -317,21 +296,15 @@ void SetGrid::firstExerciseEdited() {
     }
 }
 
-void SetGrid::showExercise(QComboBox* combo, const QString& exercise) {
-    combo->setEditText(exercise);
-    // The column is narrow: a name shows from its start.
-    combo->lineEdit()->setCursorPosition(0);
-}
-
 void SetGrid::setExercise(int row, const QString& exercise) {
-    showExercise(m_rows[static_cast<size_t>(row)].exercise, exercise);
+    m_rows[static_cast<size_t>(row)].exercise->setText(exercise);
     if (row == 0) {
         firstExerciseEdited();
     }
 }
 
 void SetGrid::selectExercise() {
-    QComboBox* combo = m_rows[static_cast<size_t>(m_currentRow)].exercise;
+    DeviceCombo* combo = m_rows[static_cast<size_t>(m_currentRow)].exercise;
     QStringList exercises;
     for (int item = 0; item < combo->count(); ++item) {
         exercises << combo->itemText(item);
@@ -381,28 +354,62 @@ void SetGrid::focusChanged(QWidget* now) {
 }
 
 void SetGrid::scrollTo(int position) {
-    // The rows move in proportion to the bar: at its last position the twelfth row is the last shown.
-    m_rowArea->move(0, -(position * hiddenHeight() / kScrollMaximum));
+    m_firstShownRow = rowOfPosition(position);
+    m_rowArea->move(0, -m_firstShownRow * kRowHeight);
 }
 
-int SetGrid::hiddenHeight() const {
-    return m_rowArea->height() - m_viewport->height();
+int SetGrid::positionOfRow(int firstShown) {
+    return firstShown * kScrollMaximum / kHiddenRows;
+}
+
+int SetGrid::rowOfPosition(int position) {
+    return (position * kHiddenRows + kScrollMaximum / 2) / kScrollMaximum;
+}
+
+void SetGrid::scrollAction(int action) {
+    // An arrow moves one row and the trough a page of rows; a dragged bar stops on a whole row.
+    int first = m_firstShownRow;
+    switch (action) {
+    case QAbstractSlider::SliderSingleStepAdd:
+        ++first;
+        break;
+    case QAbstractSlider::SliderSingleStepSub:
+        --first;
+        break;
+    case QAbstractSlider::SliderPageStepAdd:
+        first += kVisibleRows;
+        break;
+    case QAbstractSlider::SliderPageStepSub:
+        first -= kVisibleRows;
+        break;
+    case QAbstractSlider::SliderMove:
+        first = rowOfPosition(m_scrollBar->sliderPosition());
+        break;
+    default:
+        return;
+    }
+    m_scrollBar->setSliderPosition(positionOfRow(std::clamp(first, 0, kHiddenRows)));
+}
+
+void SetGrid::scrollRows(int rows) {
+    m_scrollBar->setValue(positionOfRow(std::clamp(m_firstShownRow + rows, 0, kHiddenRows)));
 }
 
 void SetGrid::ensureRowShown(int row) {
-    const int offset = -m_rowArea->y();
-    const int top = row * kRowHeight;
-    if (top < offset) {
-        m_scrollBar->setValue(top * kScrollMaximum / hiddenHeight());
-    } else if (top + kRowHeight > offset + m_viewport->height()) {
-        const int wanted = top + kRowHeight - m_viewport->height();
-        m_scrollBar->setValue((wanted * kScrollMaximum + hiddenHeight() - 1) / hiddenHeight());
+    if (row < m_firstShownRow) {
+        scrollRows(row - m_firstShownRow);
+    } else if (row >= m_firstShownRow + kVisibleRows) {
+        scrollRows(row - (m_firstShownRow + kVisibleRows) + 1);
     }
 }
 
 bool SetGrid::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Wheel && (watched == m_viewport || qobject_cast<QComboBox*>(watched) != nullptr)) {
-        QApplication::sendEvent(m_scrollBar, event);
+    if (event->type() == QEvent::Wheel && watched == m_viewport) {
+        // One notch of the wheel, one row; the controls pass the wheel on to here.
+        m_wheelDelta += static_cast<QWheelEvent*>(event)->angleDelta().y();
+        const int notches = m_wheelDelta / QWheelEvent::DefaultDeltasPerStep;
+        m_wheelDelta -= notches * QWheelEvent::DefaultDeltasPerStep;
+        scrollRows(-notches);
         return true;
     }
     return Page::eventFilter(watched, event);

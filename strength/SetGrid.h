@@ -13,10 +13,11 @@
 #include <array>
 #include <optional>
 
-class QComboBox;
+class DeviceCombo;
+class NumberEdit;
 class QLabel;
-class QLineEdit;
 class QScrollBar;
+class RatingCombo;
 class SetGridRecords;
 class UpDownControl;
 
@@ -26,18 +27,20 @@ public:
     static constexpr int kRows = GroupSets::kRows;
     static constexpr int kRowHeight = 22;
     static constexpr int kVisibleRows = 10;
-    // The scroll bar's range is 0 to 100 with a page of 10; its last position is 100 - 10 + 1.
+    // The scroll bar's range is 0 to 100 with a page of 10; its last position is 100 - 10 + 1. The
+    // rows move by whole rows: the bar's positions are shared out among the first rows shown.
     static constexpr int kScrollMaximum = 91;
     static constexpr int kScrollPage = 10;
+    static constexpr int kHiddenRows = GroupSets::kRows - kVisibleRows;
 
     struct Row {
         QLabel* label = nullptr;
-        QComboBox* exercise = nullptr;
-        QComboBox* reps = nullptr;
-        QLineEdit* weight = nullptr;
+        DeviceCombo* exercise = nullptr;
+        DeviceCombo* reps = nullptr;
+        NumberEdit* weight = nullptr;
         UpDownControl* upDown = nullptr;
-        QComboBox* rest = nullptr;
-        QComboBox* intensity = nullptr;
+        DeviceCombo* rest = nullptr;
+        RatingCombo* intensity = nullptr;
     };
 
     SetGrid(PageHost& host, QWidget* parent);
@@ -54,8 +57,9 @@ public:
     const Row& row(int index) const { return m_rows[static_cast<size_t>(index)]; }
     // The row that holds (or last held) the focus: what "Current Row" means.
     int currentRow() const { return m_currentRow; }
-    // The first row shown at the scroll bar's position.
     QScrollBar* scrollBar() const { return m_scrollBar; }
+    // The row shown at the top (0 to kHiddenRows).
+    int firstShownRow() const { return m_firstShownRow; }
 
     // The rows as the controls hold them.
     GroupSets controlValues() const;
@@ -67,21 +71,24 @@ protected:
 private:
     void createRows();
     void createRow(int index);
-    QComboBox* makeCombo(int id, bool editable, int first, int last);
+    DeviceCombo* makeCombo(int id, bool editable, int first, int last);
     void showSets(const GroupSets& sets);
     void fillExerciseLists(const QStringList& exercises);
     SetGridRecords gridRecords() const;
+    // Takes what is typed into the weights; false when one was refused.
+    bool commitWeights();
     void save();
     void cancel();
     void selectExercise();
     void editExerciseList();
     void setExercise(int row, const QString& exercise);
-    static void showExercise(QComboBox* combo, const QString& exercise);
     void firstExerciseEdited();
     void focusChanged(QWidget* now);
     void scrollTo(int position);
-    // How much of the rows' height the viewport cannot show.
-    int hiddenHeight() const;
+    void scrollAction(int action);
+    void scrollRows(int rows);
+    static int positionOfRow(int firstShown);
+    static int rowOfPosition(int position);
     void ensureRowShown(int row);
 
     QDate m_date;
@@ -90,6 +97,8 @@ private:
     // Row 1's exercise as last shown or taken, to tell a change and what it replaced.
     QString m_firstExercise;
     int m_currentRow = 0;
+    int m_firstShownRow = 0;
+    int m_wheelDelta = 0;
 
     class CompactComboStyle* m_comboStyle = nullptr;
     QLabel* m_bar = nullptr;

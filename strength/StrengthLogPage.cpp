@@ -1,28 +1,24 @@
 #include "StrengthLogPage.h"
 
-#include "Bitmaps.h"
 #include "Clock.h"
-#include "DatePicker.h"
+#include "DateControl.h"
 #include "DeviceFonts.h"
 #include "MessageBox.h"
+#include "NotesEdit.h"
+#include "NowButton.h"
 #include "PageHeading.h"
 #include "PageHost.h"
 #include "RegistryHelper.h"
 #include "Settings.h"
+#include "TimeControl.h"
 #include "resource.h"
 
 #include <QCheckBox>
-#include <QDateEdit>
-#include <QEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QPainter>
-#include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSignalBlocker>
-#include <QTimeEdit>
-#include <QToolButton>
 #include <QTreeWidget>
 
 namespace {
@@ -76,14 +72,6 @@ template <typename T> T* named(T* widget, int id) {
     widget->setObjectName(controlName(id));
     return widget;
 }
-
-QDateTimeEdit* timePicker(QWidget* parent, int id, const QString& format) {
-    auto* picker = named(new QDateTimeEdit(parent), id);
-    picker->setDisplayFormat(format);
-    // A typed time counts once it is complete (Enter or leaving the field), not at every key.
-    picker->setKeyboardTracking(false);
-    return picker;
-}
 } // namespace
 
 StrengthLogPage::StrengthLogPage(PageHost& host, BodyRegion region, QWidget* parent)
@@ -95,26 +83,13 @@ StrengthLogPage::StrengthLogPage(PageHost& host, BodyRegion region, QWidget* par
 }
 
 void StrengthLogPage::createControls() {
-    m_datePicker = named(new DatePicker(this), IDC_STRENGTH_DATE);
-
-    m_startPicker = timePicker(this, IDC_STRENGTH_START, QStringLiteral("h:mm AP"));
-    m_endPicker = timePicker(this, IDC_STRENGTH_END, QStringLiteral("h:mm AP"));
-    m_elapsedPicker = named(new QTimeEdit(this), IDC_STRENGTH_ELAPSED);
-    m_elapsedPicker->setDisplayFormat(QStringLiteral("HH:mm:ss"));
-    m_elapsedPicker->setKeyboardTracking(false);
-    m_startNow = named(new QToolButton(this), IDC_STRENGTH_STARTNOW);
-    m_endNow = named(new QToolButton(this), IDC_STRENGTH_ENDNOW);
-    for (QToolButton* now : {m_startNow, m_endNow}) {
-        now->setIcon(QIcon(Bitmaps::masked(IDB_NOW)));
-        now->setIconSize(QSize(16, 15));
-        now->setAutoRaise(true);
-        now->setToolTip(QStringLiteral("Now"));
-    }
-
-    m_notes = named(new QPlainTextEdit(this), IDC_STRENGTH_NOTES);
-    m_notes->setFont(DeviceFonts::tahoma(kFontHeight));
-    m_notes->setTabChangesFocus(true);
-    m_notes->installEventFilter(this);
+    m_datePicker = named(new DateControl(this), IDC_STRENGTH_DATE);
+    m_startPicker = named(new TimeControl(TimeControl::Picture::TimeOfDay, this), IDC_STRENGTH_START);
+    m_endPicker = named(new TimeControl(TimeControl::Picture::TimeOfDay, this), IDC_STRENGTH_END);
+    m_elapsedPicker = named(new TimeControl(TimeControl::Picture::Span, this), IDC_STRENGTH_ELAPSED);
+    m_startNow = named(new NowButton(this), IDC_STRENGTH_STARTNOW);
+    m_endNow = named(new NowButton(this), IDC_STRENGTH_ENDNOW);
+    m_notes = named(new NotesEdit(this), IDC_STRENGTH_NOTES);
     m_completed = named(new QCheckBox(QStringLiteral("Completed"), this), IDC_STRENGTH_COMPLETED);
 
     m_list = named(new QTreeWidget(this), IDC_STRENGTH_LIST);
@@ -145,12 +120,13 @@ void StrengthLogPage::createControls() {
         connect(m_dbg, &QPushButton::clicked, this, &StrengthLogPage::showCounts);
     }
 
-    connect(m_datePicker, &QDateEdit::dateChanged, this, &StrengthLogPage::dateChanged);
-    connect(m_startPicker, &QDateTimeEdit::dateTimeChanged, this, &StrengthLogPage::startOrEndChanged);
-    connect(m_endPicker, &QDateTimeEdit::dateTimeChanged, this, &StrengthLogPage::startOrEndChanged);
-    connect(m_startNow, &QToolButton::clicked, this, &StrengthLogPage::startNow);
-    connect(m_endNow, &QToolButton::clicked, this, &StrengthLogPage::endNow);
-    connect(m_elapsedPicker, &QTimeEdit::timeChanged, this, &StrengthLogPage::elapsedChanged);
+    connect(m_datePicker, &DateControl::dateChanged, this, &StrengthLogPage::dateChanged);
+    connect(m_startPicker, &TimeControl::timeChanged, this, &StrengthLogPage::startOrEndChanged);
+    connect(m_endPicker, &TimeControl::timeChanged, this, &StrengthLogPage::startOrEndChanged);
+    connect(m_startNow, &NowButton::clicked, this, &StrengthLogPage::startNow);
+    connect(m_endNow, &NowButton::clicked, this, &StrengthLogPage::endNow);
+    connect(m_elapsedPicker, &TimeControl::timeChanged, this, &StrengthLogPage::elapsedChanged);
+    connect(m_notes, &NotesEdit::left, this, &StrengthLogPage::SaveHeader);
     connect(m_completed, &QCheckBox::clicked, this, &StrengthLogPage::completedClicked);
     connect(m_list, &QTreeWidget::customContextMenuRequested, this, &StrengthLogPage::showListMenu);
 }
@@ -196,10 +172,7 @@ void StrengthLogPage::initDialog() {
 
 void StrengthLogPage::setDate(const QDate& date) {
     m_date = date;
-    {
-        const QSignalBlocker blocker(m_datePicker);
-        m_datePicker->setDate(date);
-    }
+    m_datePicker->setDate(date);
     Load();
 }
 
@@ -245,21 +218,16 @@ WorkoutHeader StrengthLogPage::controlValues() const {
     header.end = m_endPicker->dateTime();
     header.elapsed = m_elapsedPicker->time();
     header.completed = m_completed->isChecked() ? 1 : 0;
-    header.notes = m_notes->toPlainText();
+    header.notes = m_notes->notes();
     return header;
 }
 
 void StrengthLogPage::showHeader(const WorkoutHeader& header) {
-    const QSignalBlocker start(m_startPicker);
-    const QSignalBlocker end(m_endPicker);
-    const QSignalBlocker elapsed(m_elapsedPicker);
     m_startPicker->setDateTime(header.start);
     m_endPicker->setDateTime(header.end);
     m_elapsedPicker->setTime(header.elapsed);
     m_completed->setChecked(header.completed == 1);
-    if (m_notes->toPlainText() != header.notes) {
-        m_notes->setPlainText(header.notes);
-    }
+    m_notes->setNotes(header.notes);
 }
 
 void StrengthLogPage::showSets() {
@@ -295,13 +263,11 @@ void StrengthLogPage::startOrEndChanged() {
 }
 
 void StrengthLogPage::startNow() {
-    const QSignalBlocker blocker(m_startPicker);
     m_startPicker->setDateTime(Clock::now());
     startOrEndChanged();
 }
 
 void StrengthLogPage::endNow() {
-    const QSignalBlocker blocker(m_endPicker);
     m_endPicker->setDateTime(Clock::now());
     startOrEndChanged();
 }
@@ -324,17 +290,6 @@ void StrengthLogPage::passTimesOn(const WorkoutHeader& header) {
         host().forwardTimesToStrengthPage(
             otherRegion(m_region), WorkoutTimes{header.start, header.end, header.elapsed, header.completed == 1});
     }
-}
-
-bool StrengthLogPage::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == m_notes) {
-        if (event->type() == QEvent::FocusIn && m_notes->toPlainText() == WorkoutHeader::kNotesPlaceholder) {
-            m_notes->clear();
-        } else if (event->type() == QEvent::FocusOut) {
-            SaveHeader();
-        }
-    }
-    return Page::eventFilter(watched, event);
 }
 
 // --- The list -------------------------------------------------------------------------------------

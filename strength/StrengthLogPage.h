@@ -8,14 +8,13 @@
 #include "StrengthDay.h"
 #include "StrengthRecords.h"
 
+class DateControl;
+class NotesEdit;
+class NowButton;
 class QCheckBox;
-class QDateEdit;
-class QDateTimeEdit;
-class QPlainTextEdit;
 class QPushButton;
-class QTimeEdit;
-class QToolButton;
 class QTreeWidget;
+class TimeControl;
 
 class StrengthLogPage : public Page {
     Q_OBJECT
@@ -51,7 +50,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void createControls();
@@ -80,13 +78,13 @@ private:
     QDate m_date;
     StrengthDay m_day;
 
-    QDateEdit* m_datePicker = nullptr;
-    QDateTimeEdit* m_startPicker = nullptr;
-    QToolButton* m_startNow = nullptr;
-    QDateTimeEdit* m_endPicker = nullptr;
-    QToolButton* m_endNow = nullptr;
-    QTimeEdit* m_elapsedPicker = nullptr;
-    QPlainTextEdit* m_notes = nullptr;
+    DateControl* m_datePicker = nullptr;
+    TimeControl* m_startPicker = nullptr;
+    NowButton* m_startNow = nullptr;
+    TimeControl* m_endPicker = nullptr;
+    NowButton* m_endNow = nullptr;
+    TimeControl* m_elapsedPicker = nullptr;
+    NotesEdit* m_notes = nullptr;
     QCheckBox* m_completed = nullptr;
     QTreeWidget* m_list = nullptr;
     QPushButton* m_dbg = nullptr;

@@ -5,6 +5,7 @@
 // Spans are measured on the wall clock (the device keeps no time zone), so a workout across a
 // daylight-saving change lasts what its two clock readings say.
 
+#include "NotesPlaceholder.h"
 #include "DbRecord.h"
 
 #include <QDateTime>
@@ -18,7 +19,6 @@ public:
     static constexpr WORD kCompleted = 105;       // UI2, 0 or 1
     static constexpr WORD kNotes = 1132;          // LPWSTR
     static constexpr WORD kElapsedSeconds = 1133; // I2, 0-59, may be absent
-    static inline const QString kNotesPlaceholder = QStringLiteral("<Click to add Notes>");
 
     QDateTime start;
     QDateTime end;

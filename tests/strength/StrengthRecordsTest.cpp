@@ -135,6 +135,42 @@ TEST_F(StrengthRecordsTest, ListsRecordedSetsInNumberOrderWithTheGroupCountersFr
     EXPECT_EQ(bOnly->groupOfRow(1), 4);
 }
 
+TEST_F(StrengthRecordsTest, TheCountersTurnRowsIntoGroupsAtEveryBoundary) {
+    // For each pair of neighbouring groups: the first full of twelve sets and the next with its first
+    // set; then that first set alone beside the first set of the group after it (206 beside 306).
+    GroupSets full;
+    GroupSets first;
+    for (int k = 0; k < GroupSets::kRows; ++k) {
+        full.at(k) = {QStringLiteral("Set %1").arg(k + 1), "10", 20, "1", 5};
+    }
+    first.at(0) = {"First", "8", 30, "2", 6};
+    for (int g = 0; g + 1 < MuscleGroup::kGroupsPerRegion; ++g) {
+        const QDate fullDay = kDay.addDays(10 * g);
+        ASSERT_TRUE(m_records.LoadDay(fullDay));
+        ASSERT_TRUE(m_records.WriteGroup(fullDay, upper(g), full));
+        ASSERT_TRUE(m_records.WriteGroup(fullDay, upper(g + 1), first));
+        const std::optional<StrengthDay> day = m_records.ReadDay(fullDay);
+        ASSERT_TRUE(day);
+        for (int group = 0; group < MuscleGroup::kGroupsPerRegion; ++group) {
+            EXPECT_EQ(day->groupCount(group), group == g ? 12 : group == g + 1 ? 1 : 0) << g << "/" << group;
+        }
+        EXPECT_EQ(day->groupOfRow(11), g);
+        EXPECT_EQ(day->groupOfRow(12), g + 1);
+
+        if (g + 2 < MuscleGroup::kGroupsPerRegion) {
+            const QDate firstsDay = fullDay.addDays(1);
+            ASSERT_TRUE(m_records.LoadDay(firstsDay));
+            ASSERT_TRUE(m_records.WriteGroup(firstsDay, upper(g + 1), first));
+            ASSERT_TRUE(m_records.WriteGroup(firstsDay, upper(g + 2), first));
+            const std::optional<StrengthDay> firsts = m_records.ReadDay(firstsDay);
+            ASSERT_TRUE(firsts);
+            EXPECT_EQ(firsts->groupOfRow(0), g + 1) << g;
+            EXPECT_EQ(firsts->groupOfRow(1), g + 2) << g;
+            EXPECT_EQ(firsts->groupCount(g), 0) << g;
+        }
+    }
+}
+
 TEST_F(StrengthRecordsTest, WritesAllSixtyPropertiesOfAGroupAndClearsExactlyThem) {
     ASSERT_TRUE(m_records.LoadDay(kDay));
     GroupSets chest;

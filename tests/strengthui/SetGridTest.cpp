@@ -4,6 +4,9 @@
 #include "ItemListDialog.h"
 #include "Settings.h"
 #include "SqlReader.h"
+#include "DeviceCombo.h"
+#include "NumberEdit.h"
+#include "RatingCombo.h"
 #include "UpDownControl.h"
 #include "resource.h"
 
@@ -208,7 +211,7 @@ TEST_F(SetGridTest, ClearedRowsAreSavedAsBlanksAndCancelWritesNothing) {
 
 TEST_F(SetGridTest, TheUpDownStepsTheWholeWeightAndStopsAt0And999) {
     open(ID_UPPER_CHEST);
-    QLineEdit* weight = row(4).weight;
+    NumberEdit* weight = row(4).weight;
     UpDownControl* upDown = row(4).upDown;
     type(weight, "998");
     QTest::mouseClick(upDown->upButton(), Qt::LeftButton);

@@ -6,12 +6,13 @@
 #include "resource.h"
 
 #include <QCheckBox>
-#include <QDateEdit>
+#include "DateControl.h"
+#include "NotesEdit.h"
+#include "TimeControl.h"
 #include <QHeaderView>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QTimeEdit>
 #include <QToolButton>
 
 namespace {
@@ -19,8 +20,16 @@ const QString kLowerA = QStringLiteral("Kov2ALowerBody");
 
 class StrengthLogPageTest : public StrengthScreenTest {
 protected:
-    QDateTimeEdit* picker(BodyRegion region, int id) const { return control<QDateTimeEdit>(page(region), id); }
-    QDateEdit* datePicker(BodyRegion region) const { return control<QDateEdit>(page(region), IDC_STRENGTH_DATE); }
+    TimeControl* picker(BodyRegion region, int id) const { return control<TimeControl>(page(region), id); }
+    DateControl* datePicker(BodyRegion region) const { return control<DateControl>(page(region), IDC_STRENGTH_DATE); }
+    // Taps the first field of a control, types keys into it and presses Enter, as a person does.
+    static void typeInto(QLineEdit* edit, const QString& keys, Qt::Key last = Qt::Key_Return) {
+        QTest::mouseClick(edit, Qt::LeftButton, {}, QPoint(4, edit->height() / 2));
+        QTest::keyClicks(edit, keys);
+        QTest::keyClick(edit, last);
+    }
+    void typeDate(BodyRegion region, const QString& keys) { typeInto(datePicker(region), keys); }
+    void typeTime(BodyRegion region, int id, const QString& keys) { typeInto(picker(region, id), keys); }
     QString shown(BodyRegion region, int id) const { return picker(region, id)->text(); }
     // A point on list row `row`, and one below every row.
     QPoint onRow(BodyRegion region, int row) const {
@@ -36,7 +45,7 @@ protected:
                    set("", "8", 40, "1", 3)});
         writeSets(day, MuscleGroup(BodyRegion::Upper, 2), {set("One Arm Rows", "10", 60, "2", 6)});
         writeSets(day, MuscleGroup(BodyRegion::Upper, 4), {set("Hammer Curls", "", 30, "", 10)});
-        datePicker(BodyRegion::Upper)->setDate(day);
+        typeDate(BodyRegion::Upper, "3/12/2024");
     }
 };
 } // namespace
@@ -98,15 +107,15 @@ TEST_F(StrengthLogPageTest, TimesSetOnThePageAreSavedAsTheWorkoutHeader) {
     const StoredStrength store = stored();
 
     // An end before the start counts the same span as the reverse.
-    picker(BodyRegion::Upper, IDC_STRENGTH_START)->setTime(QTime(10, 0));
-    picker(BodyRegion::Upper, IDC_STRENGTH_END)->setTime(QTime(9, 15));
+    typeTime(BodyRegion::Upper, IDC_STRENGTH_START, "10:00a");
+    typeTime(BodyRegion::Upper, IDC_STRENGTH_END, "9:15a");
     EXPECT_EQ(shown(BodyRegion::Upper, IDC_STRENGTH_ELAPSED), "00:45:00");
     EXPECT_EQ(store.value(kUpperA, kToday, 102, kI2), 10);
     EXPECT_EQ(store.value(kUpperA, kToday, 103, kI2), 0);
     EXPECT_EQ(store.value(kUpperA, kToday, 104, kI2), 45);
 
     // The elapsed time moves the end.
-    picker(BodyRegion::Upper, IDC_STRENGTH_ELAPSED)->setTime(QTime(1, 30, 20));
+    typeTime(BodyRegion::Upper, IDC_STRENGTH_ELAPSED, "01:30:20");
     EXPECT_EQ(shown(BodyRegion::Upper, IDC_STRENGTH_END), "11:30 AM");
     EXPECT_EQ(store.value(kUpperA, kToday, 104, kI2), 90);
     EXPECT_EQ(store.value(kUpperA, kToday, 1133, kI2), 20);
@@ -126,7 +135,7 @@ TEST_F(StrengthLogPageTest, TimesSetOnThePageAreSavedAsTheWorkoutHeader) {
     EXPECT_EQ(store.value(kUpperA, kToday, 105, kUI2), 1);
 
     // The placeholder goes when the notes get the focus; the notes are saved when it leaves.
-    auto* notes = control<QPlainTextEdit>(upper, IDC_STRENGTH_NOTES);
+    auto* notes = control<NotesEdit>(upper, IDC_STRENGTH_NOTES);
     notes->setFocus();
     ASSERT_TRUE(waitUntil([notes] { return notes->hasFocus(); }));
     EXPECT_EQ(notes->toPlainText(), "");
@@ -140,8 +149,8 @@ TEST_F(StrengthLogPageTest, TimesSetOnThePageAreSavedAsTheWorkoutHeader) {
 TEST_F(StrengthLogPageTest, AsOneHandsTheDateAndTheTimesToTheOtherPageUnlessTurnedOff) {
     showPage(BodyRegion::Lower);
     const StoredStrength store = stored();
-    picker(BodyRegion::Lower, IDC_STRENGTH_START)->setTime(QTime(8, 0));
-    picker(BodyRegion::Lower, IDC_STRENGTH_END)->setTime(QTime(9, 10));
+    typeTime(BodyRegion::Lower, IDC_STRENGTH_START, "8:00a");
+    typeTime(BodyRegion::Lower, IDC_STRENGTH_END, "9:10a");
     QTest::mouseClick(control<QCheckBox>(page(BodyRegion::Lower), IDC_STRENGTH_COMPLETED), Qt::LeftButton);
     EXPECT_EQ(shown(BodyRegion::Upper, IDC_STRENGTH_START), "8:00 AM");
     EXPECT_EQ(shown(BodyRegion::Upper, IDC_STRENGTH_END), "9:10 AM");
@@ -152,18 +161,18 @@ TEST_F(StrengthLogPageTest, AsOneHandsTheDateAndTheTimesToTheOtherPageUnlessTurn
     EXPECT_EQ(store.value(kUpperA, kToday, 105, kUI2), 1);
 
     const QDate day(2024, 3, 10);
-    datePicker(BodyRegion::Upper)->setDate(day);
+    typeDate(BodyRegion::Upper, "3/10/2024");
     EXPECT_EQ(page(BodyRegion::Lower).shownDate(), day);
     EXPECT_EQ(datePicker(BodyRegion::Lower)->date(), day);
     EXPECT_EQ(store.propCount(kLowerA, day), 6);
 
     // Two workouts: neither page follows the other.
     RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, Settings::kAsOne, 1);
-    picker(BodyRegion::Lower, IDC_STRENGTH_START)->setTime(QTime(7, 0));
+    typeTime(BodyRegion::Lower, IDC_STRENGTH_START, "7:00a");
     EXPECT_EQ(store.value(kLowerA, day, 102, kI2), 7);
     EXPECT_EQ(shown(BodyRegion::Upper, IDC_STRENGTH_START), "9:41 AM");
     EXPECT_EQ(store.value(kUpperA, day, 102, kI2), 9);
-    datePicker(BodyRegion::Upper)->setDate(QDate(2024, 3, 9));
+    typeDate(BodyRegion::Upper, "3/9/2024");
     EXPECT_EQ(page(BodyRegion::Lower).shownDate(), day);
     EXPECT_EQ(store.propCount(kLowerA, QDate(2024, 3, 9)), 0);
 }
@@ -173,10 +182,66 @@ TEST_F(StrengthLogPageTest, CkDateMovesTheOtherPagesEvenWhenTheWorkoutsCountAsTw
     RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, Settings::kCkDate, 1);
     RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, Settings::kAsOne, 1);
     const QDate day(2024, 2, 29);
-    datePicker(BodyRegion::Lower)->setDate(day);
+    typeDate(BodyRegion::Lower, "2/29/2024");
     EXPECT_EQ(page(BodyRegion::Upper).shownDate(), day);
     EXPECT_EQ(datePicker(BodyRegion::Upper)->date(), day);
     EXPECT_EQ(stored().propCount(kUpperA, day), 6);
+}
+
+TEST_F(StrengthLogPageTest, ATypedDateMovesBothPagesOnceAndWritesThatDayOnly) {
+    showPage(BodyRegion::Upper);
+    typeDate(BodyRegion::Upper, "3/5/2024");
+    const StoredStrength store = stored();
+    // Marker, today and 3/5 in each region; then only 4/6, whether typed with separators or not.
+    EXPECT_EQ(store.recordCount(kUpperA), 3);
+    for (const char* keys : {"4/6/2024", "462024"}) {
+        typeDate(BodyRegion::Upper, "3/5/2024");
+        typeDate(BodyRegion::Upper, QString::fromLatin1(keys));
+        EXPECT_EQ(page(BodyRegion::Upper).shownDate(), QDate(2024, 4, 6)) << keys;
+        EXPECT_EQ(page(BodyRegion::Lower).shownDate(), QDate(2024, 4, 6)) << keys;
+        EXPECT_EQ(store.recordCount(kUpperA), 4) << keys;
+        EXPECT_EQ(store.recordCount(kLowerA), 4) << keys;
+        EXPECT_EQ(store.propCount(kUpperA, QDate(2024, 4, 6)), 6);
+    }
+
+    // Escape after the month puts back the shown day; the page never saw another.
+    typeInto(datePicker(BodyRegion::Upper), "4", Qt::Key_Escape);
+    EXPECT_EQ(datePicker(BodyRegion::Upper)->text(), "4/6/2024");
+    EXPECT_EQ(page(BodyRegion::Upper).shownDate(), QDate(2024, 4, 6));
+    // A year the device cannot hold is refused and nothing is written.
+    typeDate(BodyRegion::Upper, "4/6/1500");
+    EXPECT_EQ(m_boxes.texts(), QStringList{"Please enter an integer between 1601 and 9999."});
+    EXPECT_EQ(store.recordCount(kUpperA), 4);
+}
+
+TEST_F(StrengthLogPageTest, EditAndDeleteReachTheRowsGroupAtTheCountersBoundaries) {
+    showPage(BodyRegion::Upper);
+    // A full Chest of twelve sets, then Shoulders' first set (206) beside Back's first (306).
+    QList<StrengthSet> twelve;
+    for (int k = 0; k < 12; ++k) {
+        twelve << set(QStringLiteral("Chest %1").arg(k + 1), "10", 50, "1", 5);
+    }
+    const QDate day(2024, 3, 12);
+    writeSets(day, MuscleGroup(BodyRegion::Upper, 0), twelve);
+    writeSets(day, MuscleGroup(BodyRegion::Upper, 1), {set("Shoulder Press", "8", 40, "2", 6)});
+    writeSets(day, MuscleGroup(BodyRegion::Upper, 2), {set("One Arm Rows", "10", 60, "2", 6)});
+    typeDate(BodyRegion::Upper, "3/12/2024");
+    ASSERT_EQ(rows(BodyRegion::Upper).size(), 14);
+    QWidget* viewport = list(BodyRegion::Upper)->viewport();
+    const int expected[][2] = {{0, 1101}, {11, 1101}, {12, 1102}, {13, 1103}};
+    for (const auto& [row, code] : expected) {
+        list(BodyRegion::Upper)->scrollToItem(list(BodyRegion::Upper)->topLevelItem(row));
+        holdAndChoose(viewport, onRow(BodyRegion::Upper, row), ID_STRENGTH_EDIT);
+        EXPECT_EQ(grid().groupCode(), code) << "row " << row;
+        trigger(ID_GRID_CANCEL);
+    }
+    // Deleting the Shoulders row clears Shoulders alone.
+    m_boxes.queueAnswer(IDOK);
+    list(BodyRegion::Upper)->scrollToBottom();
+    holdAndChoose(viewport, onRow(BodyRegion::Upper, 12), ID_STRENGTH_DELETE);
+    EXPECT_EQ(stored().propCount(kUpperA, day, 206, 265), 0);
+    EXPECT_EQ(stored().propCount(kUpperA, day, 106, 165), 60);
+    EXPECT_EQ(stored().propCount(kUpperB, day, 306, 365), 60);
 }
 
 TEST_F(StrengthLogPageTest, TheListsMenusOpenAGroupOrEditOrDeleteTheGroupOfARow) {

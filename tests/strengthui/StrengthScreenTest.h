@@ -14,7 +14,6 @@
 #include "resource.h"
 
 #include <QComboBox>
-#include <QDateTimeEdit>
 #include <QLineEdit>
 #include <QTreeWidget>
 

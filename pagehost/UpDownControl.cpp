@@ -1,15 +1,15 @@
 #include "UpDownControl.h"
 
-#include <QLineEdit>
-#include <QLocale>
+#include "NumberEdit.h"
+
 #include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
 
-UpDownControl::UpDownControl(QLineEdit* buddy, int minimum, int maximum, QWidget* parent)
-    : QWidget(parent), m_buddy(buddy), m_minimum(minimum), m_maximum(maximum) {
+UpDownControl::UpDownControl(NumberEdit* buddy, int minimum, int maximum, QWidget* parent, int divisor)
+    : QWidget(parent), m_buddy(buddy), m_minimum(minimum), m_maximum(maximum), m_divisor(divisor) {
     m_up = new QToolButton(this);
     m_up->setArrowType(Qt::UpArrow);
     m_down = new QToolButton(this);
@@ -29,9 +29,12 @@ UpDownControl::UpDownControl(QLineEdit* buddy, int minimum, int maximum, QWidget
 }
 
 void UpDownControl::stepBy(int steps) {
-    // The position is the whole part of the buddy's number (0 when it holds none), as the platform
-    // reads a buddy.
-    const double shown = QLocale::c().toDouble(m_buddy->text());
-    const int position = std::clamp(static_cast<int>(std::floor(shown)), m_minimum, m_maximum);
-    m_buddy->setText(QString::number(std::clamp(position + steps, m_minimum, m_maximum)));
+    // What is typed counts first; a refused entry is not stepped from.
+    if (!m_buddy->commit()) {
+        return;
+    }
+    // A tiny allowance keeps 22.5 at position 225 although 22.5 * 10 is held as 224.99999...
+    const int position = std::clamp(static_cast<int>(std::floor(m_buddy->value() * m_divisor + 1e-6)), m_minimum,
+                                    m_maximum);
+    m_buddy->stepTo(static_cast<double>(std::clamp(position + steps, m_minimum, m_maximum)) / m_divisor);
 }

@@ -1,0 +1,52 @@
+#include "DeviceCombo.h"
+
+#include <QEvent>
+#include <QLineEdit>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+DeviceCombo::DeviceCombo(bool editable, QWidget* parent) : QComboBox(parent) {
+    setEditable(editable);
+    setInsertPolicy(QComboBox::NoInsert);
+    setFocusPolicy(Qt::StrongFocus);
+    if (editable) {
+        setCompleter(nullptr);
+        lineEdit()->installEventFilter(this);
+    }
+}
+
+void DeviceCombo::setText(const QString& text) {
+    setEditText(text);
+    if (lineEdit() != nullptr && !lineEdit()->hasFocus()) {
+        lineEdit()->setCursorPosition(0);
+    }
+}
+
+void DeviceCombo::setSortedItems(const QStringList& items) {
+    const QString shown = currentText();
+    clear();
+    addItems(sortedItems(items));
+    if (isEditable()) {
+        setText(shown);
+    }
+}
+
+QStringList DeviceCombo::sortedItems(QStringList items) {
+    std::stable_sort(items.begin(), items.end(), [](const QString& a, const QString& b) {
+        const int folded = a.compare(b, Qt::CaseInsensitive);
+        return folded != 0 ? folded < 0 : a < b;
+    });
+    return items;
+}
+
+void DeviceCombo::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+bool DeviceCombo::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == lineEdit() && event->type() == QEvent::FocusOut) {
+        lineEdit()->setCursorPosition(0);
+    }
+    return QComboBox::eventFilter(watched, event);
+}

@@ -1,0 +1,24 @@
+#pragma once
+// The drop-down of the pages: a list to pick from, or (editable) a text box with a list, as the
+// platform's combo boxes. An editable one takes what is typed as typed (no completion, nothing
+// added to the list) and shows the start of its text when not focused. The wheel never changes a
+// value in passing: it goes on to what holds the control (a grid scrolls its rows).
+
+#include <QComboBox>
+
+class DeviceCombo : public QComboBox {
+    Q_OBJECT
+public:
+    DeviceCombo(bool editable, QWidget* parent);
+
+    // Shows text in an editable combo, from its start.
+    void setText(const QString& text);
+    // Fills the list sorted as the platform's sorted lists are, keeping the text shown.
+    void setSortedItems(const QStringList& items);
+    // The platform's sort: ignoring case, and by case among names equal but for case.
+    static QStringList sortedItems(QStringList items);
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};

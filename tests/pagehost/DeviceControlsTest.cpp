@@ -1,0 +1,322 @@
+// The device controls driven as a person drives them: taps on a field, keys typed, Enter, Escape,
+// the up-down's arrows, the calendar's pick.
+
+#include "CalendarPopup.h"
+#include "DateControl.h"
+#include "DeviceFonts.h"
+#include "NotesEdit.h"
+#include "NumberEdit.h"
+#include "RatingCombo.h"
+#include "ScriptedMessageBoxes.h"
+#include "TimeControl.h"
+#include "UpDownControl.h"
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+// Failures print texts as text.
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+
+namespace {
+class QtEnvironment : public ::testing::Environment {
+public:
+    void SetUp() override {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        static int argc = 1;
+        static char name[] = "pagehost_tests";
+        static char* argv[] = {name, nullptr};
+        m_application = std::make_unique<QApplication>(argc, argv);
+        DeviceFonts::install();
+    }
+    void TearDown() override { m_application.reset(); }
+
+private:
+    std::unique_ptr<QApplication> m_application;
+};
+[[maybe_unused]] ::testing::Environment* const environment = ::testing::AddGlobalTestEnvironment(new QtEnvironment);
+
+// A window of the device's size holding the control under test and a second control to leave to.
+class ControlTest : public ::testing::Test {
+protected:
+    ControlTest() {
+        m_window.setGeometry(0, 0, 240, 320);
+        m_other.setParent(&m_window);
+        m_other.setGeometry(0, 200, 100, 20);
+    }
+    template <typename T> T* place(T* control, int width = 100) {
+        control->setParent(&m_window);
+        control->setGeometry(20, 40, width, 20);
+        control->show();
+        m_window.show();
+        m_window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&m_window));
+        return control;
+    }
+    // Taps the control at character position `at` of its text.
+    static void tapAt(QLineEdit* edit, int at) {
+        // The text starts after the frame and the edit's margin.
+        const int x = 4 + edit->fontMetrics().horizontalAdvance(edit->text().left(at)) + 2;
+        QTest::mouseClick(edit, Qt::LeftButton, {}, QPoint(x, edit->height() / 2));
+    }
+    void leave() {
+        m_other.setFocus();
+        QApplication::processEvents();
+    }
+
+    QWidget m_window;
+    QLineEdit m_other;
+    ScriptedMessageBoxes m_boxes;
+};
+
+const QDate kShown(2024, 3, 5);
+
+class DateControlTest : public ControlTest {
+protected:
+    DateControlTest() : m_date(place(new DateControl(nullptr), 110)), m_changes(m_date, &DateControl::dateChanged) {
+        m_date->setDate(kShown);
+    }
+    // Taps the month and types keys; returns the changes seen before Enter.
+    qsizetype type(const QString& keys) {
+        tapAt(m_date, 0);
+        QTest::keyClicks(m_date, keys);
+        return m_changes.count();
+    }
+    void enter() { QTest::keyClick(m_date, Qt::Key_Return); }
+
+    DateControl* m_date;
+    QSignalSpy m_changes;
+};
+} // namespace
+
+TEST_F(DateControlTest, ATypedDateTakesEffectOnceWhenComplete) {
+    const struct {
+        const char* keys;
+        QDate expected;
+    } cases[] = {
+        {"4/6/2024", QDate(2024, 4, 6)},   {"3/15/2024", QDate(2024, 3, 15)}, {"462025", QDate(2025, 4, 6)},
+        {"12/25/2024", QDate(2024, 12, 25)}, {"1/5/24", QDate(2024, 1, 5)},   {"1/5/30", QDate(1930, 1, 5)},
+        {"2/29/2024", QDate(2024, 2, 29)},  {"1/1/1601", QDate(1601, 1, 1)},  {"12/31/9999", QDate(9999, 12, 31)},
+    };
+    for (const auto& typed : cases) {
+        m_date->setDate(kShown);
+        m_changes.clear();
+        EXPECT_EQ(type(QString::fromLatin1(typed.keys)), 0) << typed.keys << ": nothing before Enter";
+        enter();
+        ASSERT_EQ(m_changes.count(), 1) << typed.keys;
+        EXPECT_EQ(m_changes.at(0).at(0).toDate(), typed.expected) << typed.keys;
+        EXPECT_EQ(m_date->date(), typed.expected);
+    }
+    EXPECT_TRUE(m_boxes.texts().isEmpty());
+
+    // Leaving the control finishes the date as Enter does; the same date again changes nothing.
+    m_changes.clear();
+    type("7/4/2024");
+    leave();
+    EXPECT_EQ(m_changes.count(), 1);
+    EXPECT_EQ(m_date->text(), "7/4/2024");
+    type("7/4/2024");
+    enter();
+    EXPECT_EQ(m_changes.count(), 1);
+}
+
+TEST_F(DateControlTest, EscapeAndRefusedDatesLeaveTheShownDate) {
+    type("4");
+    EXPECT_EQ(m_date->currentField(), 1) << "a month that takes no second digit moves on";
+    QTest::keyClick(m_date, Qt::Key_Escape);
+    EXPECT_EQ(m_date->text(), "3/5/2024");
+    enter();
+    EXPECT_EQ(m_changes.count(), 0);
+
+    const struct {
+        const char* keys;
+        const char* message;
+    } refused[] = {
+        {"2/29/2023", "Please enter an integer between 1 and 28."},
+        {"4/31/2024", "Please enter an integer between 1 and 30."},
+        {"1/1/1600", "Please enter an integer between 1601 and 9999."},
+        {"1/1/202", "Please enter an integer between 1601 and 9999."},
+    };
+    for (const auto& typed : refused) {
+        m_boxes.clear();
+        type(QString::fromLatin1(typed.keys));
+        enter();
+        EXPECT_EQ(m_boxes.texts(), QStringList{QString::fromLatin1(typed.message)}) << typed.keys;
+        EXPECT_EQ(m_date->date(), kShown);
+        EXPECT_EQ(m_date->text(), "3/5/2024");
+    }
+    EXPECT_EQ(m_changes.count(), 0);
+}
+
+TEST_F(DateControlTest, ATapSelectsTheFieldUnderTheStylusAndDigitsReplaceIt) {
+    tapAt(m_date, 2); // the day
+    EXPECT_EQ(m_date->currentField(), 1);
+    EXPECT_EQ(m_date->selectedText(), "5");
+    QTest::keyClicks(m_date, "9");
+    enter();
+    EXPECT_EQ(m_date->date(), QDate(2024, 3, 9));
+    tapAt(m_date, 6); // the year
+    QTest::keyClick(m_date, Qt::Key_Up);
+    QTest::keyClick(m_date, Qt::Key_Tab);
+    EXPECT_EQ(m_date->date(), QDate(2025, 3, 9));
+    // The wheel passing over the control changes nothing.
+    QWheelEvent wheel(QPointF(5, 5), m_date->mapToGlobal(QPointF(5, 5)), {}, QPoint(0, 120), Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(m_date, &wheel);
+    EXPECT_EQ(m_date->date(), QDate(2025, 3, 9));
+}
+
+TEST_F(DateControlTest, TheCalendarDropsDownBorderedOnTheScreenAndAPickTakesEffect) {
+    m_date->move(130, 2); // where the pages show their date, at the screen's right
+    m_date->showCalendar();
+    CalendarPopup* popup = m_date->calendarPopup();
+    ASSERT_TRUE(popup->isVisible());
+    EXPECT_EQ(popup->frameShape(), QFrame::Box);
+    const QRect screen(m_window.mapToGlobal(QPoint(0, 0)), m_window.size());
+    EXPECT_TRUE(screen.contains(popup->geometry())) << "the pop-up stays on the device's screen";
+    EXPECT_EQ(popup->calendar()->selectedDate(), kShown);
+    emit popup->calendar()->clicked(QDate(2024, 3, 20));
+    EXPECT_FALSE(popup->isVisible());
+    ASSERT_EQ(m_changes.count(), 1);
+    EXPECT_EQ(m_date->date(), QDate(2024, 3, 20));
+}
+
+TEST_F(ControlTest, TimeControlsTakeTypedFieldsInBothPictures) {
+    auto* time = place(new TimeControl(TimeControl::Picture::TimeOfDay, nullptr), 70);
+    QSignalSpy changes(time, &TimeControl::timeChanged);
+    time->setTime(QTime(9, 41));
+    EXPECT_EQ(time->text(), "9:41 AM");
+    const struct {
+        int at; // where the stylus taps
+        const char* keys;
+        QTime expected;
+    } cases[] = {
+        {0, "7", QTime(7, 41)},      {0, "11", QTime(11, 41)},  {0, "12:05a", QTime(0, 5)},
+        {2, "05", QTime(9, 5)},      {5, "p", QTime(21, 41)},   {0, "12p", QTime(12, 41)},
+    };
+    for (const auto& typed : cases) {
+        time->setTime(QTime(9, 41));
+        changes.clear();
+        tapAt(time, typed.at);
+        QTest::keyClicks(time, QString::fromLatin1(typed.keys));
+        EXPECT_EQ(changes.count(), 0);
+        QTest::keyClick(time, Qt::Key_Return);
+        EXPECT_EQ(time->time(), typed.expected) << typed.keys;
+        EXPECT_EQ(changes.count(), 1) << typed.keys;
+    }
+
+    auto* span = place(new TimeControl(TimeControl::Picture::Span, nullptr), 70);
+    span->setTime(QTime(0, 0));
+    EXPECT_EQ(span->text(), "00:00:00");
+    tapAt(span, 0);
+    QTest::keyClicks(span, "01:30:20");
+    QTest::keyClick(span, Qt::Key_Return);
+    EXPECT_EQ(span->time(), QTime(1, 30, 20));
+    tapAt(span, 4);
+    QTest::keyClicks(span, "45");
+    QTest::keyClick(span, Qt::Key_Escape);
+    EXPECT_EQ(span->text(), "01:30:20");
+    leave();
+    EXPECT_EQ(span->time(), QTime(1, 30, 20));
+    EXPECT_EQ(span->cursorPosition(), 0) << "a control left shows the start of its text";
+}
+
+TEST_F(ControlTest, NumbersOutOfRangeOrNotNumbersAreRefusedWithThePlatformsMessages) {
+    auto* weight = place(new NumberEdit(RangeCheck::Kind::Number, 0, 999, nullptr), 40);
+    auto* rate = place(new NumberEdit(RangeCheck::Kind::Integer, 0, 250, nullptr), 40);
+    auto* fat = place(new NumberEdit(RangeCheck::Kind::Number, 0, 102.4, nullptr), 40);
+    const struct {
+        NumberEdit* edit;
+        const char* typed;
+        const char* message; // nullptr: accepted
+        double value;
+    } cases[] = {
+        {weight, "1500", "Please enter a number between 0 and 999.", 0},
+        {weight, "-5", "Please enter a number between 0 and 999.", 0},
+        {weight, "999.01", "Please enter a number between 0 and 999.", 0},
+        {weight, "1e3", "Please enter a number.", 0},
+        {weight, "abc", "Please enter a number.", 0},
+        {weight, "999", nullptr, 999},
+        {weight, " 157.5 ", nullptr, 157.5},
+        {weight, "", nullptr, 0},
+        {rate, "12.5", "Please enter an integer.", 0},
+        {rate, "251", "Please enter an integer between 0 and 250.", 0},
+        {rate, "250", nullptr, 250},
+        {fat, "102.41", "Please enter a number between 0 and 102.4.", 0},
+        {fat, "102.4", nullptr, 102.4},
+    };
+    for (const auto& c : cases) {
+        c.edit->setValue(7);
+        QSignalSpy changes(c.edit, &NumberEdit::valueChanged);
+        m_boxes.clear();
+        c.edit->setFocus();
+        c.edit->selectAll();
+        QTest::keyClicks(c.edit, QString::fromLatin1(c.typed));
+        if (*c.typed == 0) {
+            QTest::keyClick(c.edit, Qt::Key_Backspace);
+        }
+        if (c.edit->text().isEmpty()) {
+            EXPECT_TRUE(m_boxes.texts().isEmpty()) << "no message while the field is being retyped";
+        }
+        leave();
+        if (c.message != nullptr) {
+            EXPECT_EQ(m_boxes.texts(), QStringList{QString::fromLatin1(c.message)}) << c.typed;
+            EXPECT_EQ(c.edit->value(), 7) << c.typed;
+            EXPECT_EQ(c.edit->text(), "7");
+            EXPECT_EQ(changes.count(), 0);
+        } else {
+            EXPECT_TRUE(m_boxes.texts().isEmpty()) << c.typed;
+            EXPECT_EQ(c.edit->value(), c.value) << c.typed;
+            EXPECT_EQ(changes.count(), 1);
+        }
+    }
+}
+
+TEST_F(ControlTest, TheUpDownStepsFromTheTypedValueAndStopsAtItsEnds) {
+    auto* fat = place(new NumberEdit(RangeCheck::Kind::Number, 0, 102.4, nullptr), 40);
+    auto* upDown = new UpDownControl(fat, 0, 999, &m_window, 10);
+    upDown->setGeometry(60, 40, 10, 20);
+    fat->setValue(22.5);
+    upDown->stepBy(1);
+    EXPECT_EQ(fat->text(), "22.6") << "a spin of tenths";
+    fat->setValue(0.1);
+    upDown->stepBy(-1);
+    upDown->stepBy(-1);
+    EXPECT_EQ(fat->value(), 0);
+
+    // A typed value out of range is refused, not stepped from.
+    fat->setFocus();
+    fat->selectAll();
+    QTest::keyClicks(fat, "500");
+    QTest::mouseClick(upDown->upButton(), Qt::LeftButton);
+    EXPECT_EQ(m_boxes.texts(), QStringList{"Please enter a number between 0 and 102.4."});
+    EXPECT_EQ(fat->value(), 0);
+}
+
+TEST_F(ControlTest, RatingsHaveNoChoiceAndNotesLoseThePlaceholderOnFocus) {
+    auto* rating = place(new RatingCombo(nullptr), 40);
+    EXPECT_EQ(rating->count(), 11);
+    rating->setRating(10);
+    EXPECT_EQ(rating->currentText(), "10");
+    for (int outside : {-1, 11, 0xFFFF}) {
+        rating->setRating(outside);
+        EXPECT_EQ(rating->rating(), RatingCombo::kNoChoice) << outside;
+    }
+
+    auto* notes = place(new NotesEdit(nullptr), 200);
+    QSignalSpy left(notes, &NotesEdit::left);
+    notes->setNotes(QStringLiteral("<Click to add Notes>"));
+    notes->setFocus();
+    QApplication::processEvents();
+    EXPECT_EQ(notes->notes(), "");
+    QTest::keyClicks(notes, "Felt strong");
+    leave();
+    EXPECT_EQ(left.count(), 1);
+    EXPECT_EQ(notes->notes(), "Felt strong");
+}
