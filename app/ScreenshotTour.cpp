@@ -3,15 +3,19 @@
 #include "CeDatabase.h"
 #include "Clock.h"
 #include "CommandBar.h"
+#include "CalendarPopup.h"
 #include "ConfirmDialog.h"
+#include "DateControl.h"
 #include "DeviceMessageBoxPresenter.h"
 #include "DeviceCombo.h"
 #include "DevicePaths.h"
 #include "KovalinApp.h"
 #include "MainDialog.h"
+#include "NumberEdit.h"
 #include "SetGrid.h"
 #include "StartupDialog.h"
 #include "StrengthRecords.h"
+#include "TimeControl.h"
 #include "resource.h"
 
 #include <QAction>
@@ -25,6 +29,8 @@
 #include <QMenu>
 #include <QPainter>
 #include <QPushButton>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTemporaryDir>
@@ -76,7 +82,7 @@ bool writeWorkout(const QDate& today) {
     return writeHeader(upper, today, QTime(6, 30), QTime(7, 45), notes) &&
            writeHeader(lower, today, QTime(6, 30), QTime(7, 45), notes) &&
            writeGroup(upper, today, chest,
-                      {set("Barbell Bench Press", "10", 135, "2", 6), set("Barbell Bench Press", "8", 155, "2", 7),
+                      {set("Barbell Bench Press", "10", 135, "2", 6), set("Barbell Bench Press", "8", 157.5, "2", 7),
                        set("Barbell Bench Press", "6", 175, "3", 9), set("Incline Dumbbell Press", "10", 50, "2", 7),
                        set("Incline Dumbbell Press", "10", 50, "2", 8), set("Dumbbell Flyes", "12", 30, "1", 6),
                        set("Dumbbell Flyes", "12", 30, "1", 7), set("Dumbbell Flyes", "10", 35, "1", 8),
@@ -220,7 +226,61 @@ void ScreenshotTour::tourStrength() {
     whenUp(QStringLiteral("ItemListDialog"), QStringLiteral("item-list.png"), QStringLiteral("Cable Crossover"));
     command(ID_GRID_EDITLIST);
     command(ID_GRID_CANCEL);
+    tourControls();
     main.SelectPage(0);
+}
+
+void ScreenshotTour::tourControls() {
+    MainDialog& main = m_app->screen().mainDialog();
+    QWidget* upper = main.page(1);
+    // The date while its month is typed: the day is selected next.
+    auto* date = upper->findChild<DateControl*>(QStringLiteral("c%1").arg(IDC_STRENGTH_DATE));
+    tapStart(date);
+    type(date, QStringLiteral("4"));
+    save(grabScreen(), QStringLiteral("date-typing.png"));
+    type(date, {}, Qt::Key_Escape);
+    date->showCalendar();
+    QApplication::processEvents();
+    save(grabScreen(), QStringLiteral("date-calendar.png"));
+    date->calendarPopup()->hide();
+
+    auto* start = upper->findChild<TimeControl*>(QStringLiteral("c%1").arg(IDC_STRENGTH_START));
+    tapStart(start);
+    type(start, QStringLiteral("7"));
+    save(grabScreen(), QStringLiteral("time-typing.png"));
+    type(start, {}, Qt::Key_Escape);
+
+    // The grid with weights of four and five figures, one being typed, then one out of range.
+    command(ID_UPPER_CHEST);
+    auto* grid = static_cast<SetGrid*>(main.setGrid());
+    NumberEdit* typed = grid->row(2).weight;
+    typed->setFocus();
+    typed->selectAll();
+    type(typed, QStringLiteral("999.9"));
+    save(grabScreen(), QStringLiteral("set-grid-weights.png"));
+    type(typed, QStringLiteral("9"));
+    whenUp(QStringLiteral("DeviceMessageBox"), QStringLiteral("range-message.png"));
+    command(ID_GRID_SAVE);
+    command(ID_GRID_CANCEL);
+}
+
+void ScreenshotTour::tapStart(QWidget* target) {
+    const QPointF at(4, target->height() / 2);
+    QMouseEvent press(QEvent::MouseButtonPress, at, target->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, {});
+    QMouseEvent release(QEvent::MouseButtonRelease, at, target->mapToGlobal(at), Qt::LeftButton, {}, {});
+    QApplication::sendEvent(target, &press);
+    QApplication::sendEvent(target, &release);
+}
+
+void ScreenshotTour::type(QWidget* target, const QString& text, int key) {
+    for (const QChar c : text) {
+        QKeyEvent press(QEvent::KeyPress, c.unicode(), {}, QString(c));
+        QApplication::sendEvent(target, &press);
+    }
+    if (key != 0) {
+        QKeyEvent press(QEvent::KeyPress, key, {});
+        QApplication::sendEvent(target, &press);
+    }
 }
 
 void ScreenshotTour::openContextMenu(QWidget* target, const QPoint& position, const QString& name) {
@@ -261,7 +321,7 @@ QImage ScreenshotTour::grabScreen() const {
     // Pop-up menus are windows of their own: drawn onto the picture where they stand.
     QPainter painter(&image);
     for (QWidget* popup : QApplication::topLevelWidgets()) {
-        if (qobject_cast<QMenu*>(popup) != nullptr && popup->isVisible()) {
+        if (popup->windowType() == Qt::Popup && popup->isVisible()) {
             painter.drawPixmap(screen.mapFromGlobal(popup->pos()), popup->grab());
         }
     }

@@ -28,6 +28,11 @@ private:
     // The strength pages with a workout listed, their menus, the set-entry grid, the exercise picker
     // and the item list editor.
     void tourStrength();
+    // The device controls while typing, the calendar pop-up and a refused number.
+    void tourControls();
+    // A tap on the first field of target, and keys typed into it as a person types them.
+    static void tapStart(QWidget* target);
+    static void type(QWidget* target, const QString& text, int key = 0);
     // Opens target's context menu at position and takes the picture while it is up.
     void openContextMenu(QWidget* target, const QPoint& position, const QString& name);
     // Takes the picture once the dialog of that name is up (typing typed into its edit), then closes it.

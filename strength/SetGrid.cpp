@@ -133,9 +133,11 @@ void SetGrid::createRow(int index) {
 
     row.rest = makeCombo(ids[kRestId], true, 0, 10);
     place(row.rest, kRest, top);
+    row.weight->installEventFilter(this);
     row.intensity = new RatingCombo(m_rowArea);
     row.intensity->setObjectName(controlName(ids[kIntensityId]));
     row.intensity->setStyle(m_comboStyle);
+    row.intensity->installEventFilter(this);
     place(row.intensity, kIntensity, top);
 }
 
@@ -147,6 +149,7 @@ DeviceCombo* SetGrid::makeCombo(int id, bool editable, int first, int last) {
         combo->lineEdit()->setTextMargins(-1, 0, -1, 0);
     }
     combo->setMaxVisibleItems(12);
+    combo->installEventFilter(this);
     for (int value = first; value <= last; ++value) {
         combo->addItem(QString::number(value));
     }
@@ -404,8 +407,9 @@ void SetGrid::ensureRowShown(int row) {
 }
 
 bool SetGrid::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Wheel && watched == m_viewport) {
-        // One notch of the wheel, one row; the controls pass the wheel on to here.
+    const bool inRows = watched == m_viewport || m_rowArea->isAncestorOf(qobject_cast<QWidget*>(watched));
+    if (event->type() == QEvent::Wheel && inRows) {
+        // One notch of the wheel, one row, wherever over the rows it turns.
         m_wheelDelta += static_cast<QWheelEvent*>(event)->angleDelta().y();
         const int notches = m_wheelDelta / QWheelEvent::DefaultDeltasPerStep;
         m_wheelDelta -= notches * QWheelEvent::DefaultDeltasPerStep;

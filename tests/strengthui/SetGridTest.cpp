@@ -10,14 +10,17 @@
 #include "UpDownControl.h"
 #include "resource.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStyle>
 #include <QTabBar>
 #include <QTest>
 #include <QToolButton>
+#include <QWheelEvent>
 
 namespace {
 const QDate kEarlier(2024, 3, 10);
@@ -282,18 +285,69 @@ TEST_F(SetGridTest, TheListButtonEditsTheGroupsListAndTheRowTakesTheNewExercise)
                                                    "Reverse Grip Pulldowns", "Wide Grip Pulldowns"}));
 }
 
-TEST_F(SetGridTest, TheScrollBarAndTheFocusBringTheLastRowsIntoView) {
+TEST_F(SetGridTest, TheRowsScrollByWholeRowsAndTheFocusBringsARowIntoView) {
     open(ID_UPPER_CHEST);
+    QScrollBar* bar = grid().scrollBar();
     auto shownHeight = [](QWidget* widget) { return widget->visibleRegion().boundingRect().height(); };
     const int full = row(0).exercise->height();
-    EXPECT_EQ(shownHeight(row(0).exercise), full);
     EXPECT_EQ(shownHeight(row(11).exercise), 0);
-    grid().scrollBar()->setValue(grid().scrollBar()->maximum());
-    EXPECT_EQ(shownHeight(row(11).exercise), full);
+
+    // An arrow moves one row, the trough a page (as far as the rows go); every stop is a whole row.
+    bar->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(grid().firstShownRow(), 1);
     EXPECT_EQ(shownHeight(row(0).exercise), 0);
+    EXPECT_EQ(shownHeight(row(10).exercise), full);
+    bar->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    bar->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(grid().firstShownRow(), 2);
+    EXPECT_EQ(bar->value(), SetGrid::kScrollMaximum);
+    EXPECT_EQ(shownHeight(row(11).exercise), full);
+    bar->triggerAction(QAbstractSlider::SliderPageStepSub);
+    EXPECT_EQ(grid().firstShownRow(), 0);
+    bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
+    EXPECT_EQ(grid().firstShownRow(), 2);
+
+    // A wheel notch over a row's control moves one row; it never changes the control's value.
+    row(3).reps->setCurrentIndex(5);
+    QWheelEvent notch(QPointF(5, 5), QPointF(), {}, QPoint(0, 120), Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(row(3).reps, &notch);
+    EXPECT_EQ(grid().firstShownRow(), 1);
+    EXPECT_EQ(row(3).reps->currentText(), "5");
+
     focus(row(0).rest);
     EXPECT_EQ(shownHeight(row(0).rest), full);
-    focus(row(10).weight);
-    EXPECT_EQ(shownHeight(row(10).weight), full);
-    EXPECT_EQ(grid().currentRow(), 10);
+    focus(row(11).weight);
+    EXPECT_EQ(grid().firstShownRow(), 2);
+    EXPECT_EQ(grid().currentRow(), 11);
+}
+
+TEST_F(SetGridTest, WeightsShowWholeAndARefusedWeightSavesNothing) {
+    showPage(BodyRegion::Upper);
+    writeSets(kToday, kChest,
+              {set("Dumbbell Bench Press", "10", 157.5, "2", 8), set("Dumbbell Flyes", "12", 999.9, "1", 6),
+               set("Dumbbell Flyes", "10", 102.25, "1", 7)});
+    open(ID_UPPER_CHEST);
+    const int frame = row(0).weight->style()->pixelMetric(QStyle::PM_DefaultFrameWidth);
+    for (int index = 0; index < 3; ++index) {
+        const NumberEdit* weight = row(index).weight;
+        // The text fits between the frame and the edit's own two-pixel margins.
+        EXPECT_LE(weight->fontMetrics().horizontalAdvance(weight->text()) + 2 * (frame + 2), weight->width())
+            << weight->text().toStdString();
+    }
+    EXPECT_EQ(row(2).weight->text(), "102.25");
+
+    type(row(1).weight, "1500");
+    trigger(ID_GRID_SAVE);
+    EXPECT_EQ(m_boxes.texts(), QStringList{"Please enter a number between 0 and 999."});
+    EXPECT_TRUE(grid().isVisible()) << "the grid stays for the weight to be put right";
+    EXPECT_EQ(row(1).weight->text(), "999.9");
+    EXPECT_EQ(stored().value(kUpperA, kToday, 113, kR8), 999.9);
+    type(row(1).weight, "abc");
+    trigger(ID_GRID_SAVE);
+    EXPECT_EQ(m_boxes.texts().last(), "Please enter a number.");
+    EXPECT_EQ(stored().value(kUpperA, kToday, 113, kR8), 999.9);
+    type(row(1).weight, "120");
+    trigger(ID_GRID_SAVE);
+    EXPECT_FALSE(grid().isVisible());
+    EXPECT_EQ(stored().value(kUpperA, kToday, 113, kR8), 120.0);
 }
