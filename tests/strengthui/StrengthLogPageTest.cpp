@@ -57,7 +57,7 @@ TEST_F(StrengthLogPageTest, AFirstVisitWritesAnEmptyWorkoutStartingNowAndShowsIt
     EXPECT_EQ(page(BodyRegion::Lower).findChild<QPushButton*>("c1088"), nullptr);
 
     // The databases hold their marker and today's records: six properties in A, the key alone in B.
-    const StoredStrength store = stored();
+    const StoredDays store = stored();
     EXPECT_EQ(store.recordCount(kUpperA), 2);
     EXPECT_EQ(store.propCount(kUpperA, kToday), 6);
     EXPECT_EQ(store.value(kUpperA, kToday, 102, kI2), 9);
@@ -95,7 +95,7 @@ TEST_F(StrengthLogPageTest, ListsEveryRecordedSetOfTheDayInGroupOrderAndCountsTh
 TEST_F(StrengthLogPageTest, TimesSetOnThePageAreSavedAsTheWorkoutHeader) {
     StrengthLogPage& upper = showPage(BodyRegion::Upper);
     RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, Settings::kAsOne, 1);
-    const StoredStrength store = stored();
+    const StoredDays store = stored();
 
     // An end before the start counts the same span as the reverse.
     picker(BodyRegion::Upper, IDC_STRENGTH_START)->setTime(QTime(10, 0));
@@ -139,7 +139,7 @@ TEST_F(StrengthLogPageTest, TimesSetOnThePageAreSavedAsTheWorkoutHeader) {
 
 TEST_F(StrengthLogPageTest, AsOneHandsTheDateAndTheTimesToTheOtherPageUnlessTurnedOff) {
     showPage(BodyRegion::Lower);
-    const StoredStrength store = stored();
+    const StoredDays store = stored();
     picker(BodyRegion::Lower, IDC_STRENGTH_START)->setTime(QTime(8, 0));
     picker(BodyRegion::Lower, IDC_STRENGTH_END)->setTime(QTime(9, 10));
     QTest::mouseClick(control<QCheckBox>(page(BodyRegion::Lower), IDC_STRENGTH_COMPLETED), Qt::LeftButton);
