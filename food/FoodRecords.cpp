@@ -73,15 +73,16 @@ bool FoodRecords::PutMeal(const QDate& day, int slot, const Meal& meal) const {
     if (slot < 0) {
         return false;
     }
+    // The day's other meals and values are not needed: the slot's five properties go in as they are.
     RecordDatabase db;
-    DbRecord stored;
-    if (!readDay(db, day, stored)) {
+    const CEOID oid = db.Open(m_name, DayKey::kPropId) ? db.SeekFirstEqual(DayKey::prop(day)) : 0;
+    if (oid == 0) {
         return fail(kRecordNotFound);
     }
     if (!Meal::isSlot(slot)) {
         return fail(kMaxMealsExceeded);
     }
-    if (db.Write(meal.toRecord(slot).replacing(stored), db.CurrentRecordId()) == 0) {
+    if (db.Write(meal.toRecord(slot), oid) == 0) {
         return fail(kRecordNotFound);
     }
     return true;
