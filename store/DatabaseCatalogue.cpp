@@ -1,15 +1,22 @@
 #include "DatabaseCatalogue.h"
 
+#include "DayKey.h"
 #include "RecordDatabase.h"
 
 QString DatabaseCatalogue::baseName(UserDatabase which) {
     switch (which) {
-    case UserDatabase::UpperA: return QStringLiteral("Kov2AUpperBody");
-    case UserDatabase::UpperB: return QStringLiteral("Kov2BUpperBody");
-    case UserDatabase::LowerA: return QStringLiteral("Kov2ALowerBody");
-    case UserDatabase::LowerB: return QStringLiteral("Kov2BLowerBody");
-    case UserDatabase::Aerobic: return QStringLiteral("Kov2Aerobic");
-    case UserDatabase::Food: return QStringLiteral("Kov2Food");
+    case UserDatabase::UpperA:
+        return QStringLiteral("Kov2AUpperBody");
+    case UserDatabase::UpperB:
+        return QStringLiteral("Kov2BUpperBody");
+    case UserDatabase::LowerA:
+        return QStringLiteral("Kov2ALowerBody");
+    case UserDatabase::LowerB:
+        return QStringLiteral("Kov2BLowerBody");
+    case UserDatabase::Aerobic:
+        return QStringLiteral("Kov2Aerobic");
+    case UserDatabase::Food:
+        return QStringLiteral("Kov2Food");
     }
     return {};
 }
@@ -32,12 +39,12 @@ std::array<QString, kUserDatabaseCount> DatabaseCatalogue::userDatabaseNames(con
 
 const QStringList& DatabaseCatalogue::nameLists() {
     static const QStringList lists = {
-        QStringLiteral("KovProList"),      QStringLiteral("KovCarbList"),       QStringLiteral("KovVegList"),
-        QStringLiteral("KovSuppList"),     QStringLiteral("KovChestList"),      QStringLiteral("KovShldrList"),
-        QStringLiteral("KovBackList"),     QStringLiteral("KovTricepsList"),    QStringLiteral("KovBicepsList"),
-        QStringLiteral("MiscUpperList"),   QStringLiteral("KovQuadsList"),      QStringLiteral("KovHamstringsList"),
-        QStringLiteral("KovCalvesList"),   QStringLiteral("KovAbsList"),        QStringLiteral("MiscLower1List"),
-        QStringLiteral("MiscLower2List"),  QStringLiteral("KovAerobicList"),    QStringLiteral("KovCourseList"),
+        QStringLiteral("KovProList"),     QStringLiteral("KovCarbList"),    QStringLiteral("KovVegList"),
+        QStringLiteral("KovSuppList"),    QStringLiteral("KovChestList"),   QStringLiteral("KovShldrList"),
+        QStringLiteral("KovBackList"),    QStringLiteral("KovTricepsList"), QStringLiteral("KovBicepsList"),
+        QStringLiteral("MiscUpperList"),  QStringLiteral("KovQuadsList"),   QStringLiteral("KovHamstringsList"),
+        QStringLiteral("KovCalvesList"),  QStringLiteral("KovAbsList"),     QStringLiteral("MiscLower1List"),
+        QStringLiteral("MiscLower2List"), QStringLiteral("KovAerobicList"), QStringLiteral("KovCourseList"),
         QStringLiteral("KovUserList"),
     };
     return lists;
@@ -45,6 +52,19 @@ const QStringList& DatabaseCatalogue::nameLists() {
 
 bool DatabaseCatalogue::ensureExists(const QString& name, CEPROPID sortProp) {
     return RecordDatabase::Exists(name) || RecordDatabase::Create(name, RecordDatabase::kDatabaseType, sortProp);
+}
+
+bool DatabaseCatalogue::ensureDatedLog(const QString& name) {
+    if (RecordDatabase::Exists(name)) {
+        return true;
+    }
+    if (!RecordDatabase::Create(name, RecordDatabase::kDatabaseType, DayKey::kPropId)) {
+        return false;
+    }
+    DbRecord marker;
+    marker.append(DbProp::fileTime(DayKey::kNumber, DayKey::referenceDay()));
+    RecordDatabase db;
+    return db.Open(name, DayKey::kPropId) && db.Write(marker, 0) != 0;
 }
 
 bool DatabaseCatalogue::deleteIfExists(const QString& name) {

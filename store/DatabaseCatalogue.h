@@ -34,6 +34,9 @@ public:
     // Creates the database when it does not exist (type 12345, one ascending sort on sortProp).
     // True when it exists afterwards; false when it was missing and could not be created.
     static bool ensureExists(const QString& name, CEPROPID sortProp);
+    // Creates a dated log when it does not exist: sorted on the day key, its first record the marker
+    // that holds the key of the reference day alone. True when it exists afterwards.
+    static bool ensureDatedLog(const QString& name);
     // Deletes the database when it exists; a missing database is skipped silently. True unless
     // an existing database could not be deleted.
     static bool deleteIfExists(const QString& name);

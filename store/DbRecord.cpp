@@ -9,6 +9,17 @@ const DbProp* DbRecord::find(WORD number) const {
     return nullptr;
 }
 
+DbRecord DbRecord::replacing(const DbRecord& stored) const {
+    DbRecord write = *this;
+    for (const DbProp& old : stored.m_props) {
+        const DbProp* mine = find(old.number());
+        if (mine != nullptr && mine->type() != old.type()) {
+            write.append(DbProp::deletion(old.number(), old.type()));
+        }
+    }
+    return write;
+}
+
 std::vector<CEPROPVAL> DbRecord::toPropVals() const {
     std::vector<CEPROPVAL> values;
     values.reserve(m_props.size());

@@ -16,6 +16,11 @@ public:
     // The first property with this number (of whatever type), or nullptr when the record lacks it.
     const DbProp* find(WORD number) const;
 
+    // What to write into the record stored holds so that each of these properties replaces whatever
+    // its number holds there: these properties, then the removal of every property of stored that has
+    // one of their numbers under another type (a property is named by number and type together).
+    DbRecord replacing(const DbRecord& stored) const;
+
     std::vector<CEPROPVAL> toPropVals() const;
     static DbRecord fromPropVals(const std::vector<CEPROPVAL>& values);
 

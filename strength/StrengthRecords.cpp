@@ -1,6 +1,7 @@
 #include "StrengthRecords.h"
 
 #include "Clock.h"
+#include "DatabaseCatalogue.h"
 #include "DayKey.h"
 #include "MessageBox.h"
 #include "RecordDatabase.h"
@@ -28,18 +29,7 @@ bool StrengthRecords::fail(const QString& text) const {
 }
 
 bool StrengthRecords::EnsureDatabases() const {
-    return ensureDatabase(m_aName) && ensureDatabase(m_bName);
-}
-
-bool StrengthRecords::ensureDatabase(const QString& name) const {
-    if (RecordDatabase::Exists(name)) {
-        return true;
-    }
-    if (!RecordDatabase::Create(name, RecordDatabase::kDatabaseType, DayKey::kPropId)) {
-        return false;
-    }
-    RecordDatabase db;
-    return db.Open(name, DayKey::kPropId) && db.Write(keyRecord(DayKey::referenceDay()), 0) != 0;
+    return DatabaseCatalogue::ensureDatedLog(m_aName) && DatabaseCatalogue::ensureDatedLog(m_bName);
 }
 
 bool StrengthRecords::EnsureDay(const QDate& day) const {

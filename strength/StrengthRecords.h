@@ -58,7 +58,6 @@ public:
     static void report(QObject* owner, const QString& text);
 
 private:
-    bool ensureDatabase(const QString& name) const;
     bool ensureRecord(const QString& name, const DbRecord& extra, const QDate& day) const;
     bool fail(const QString& text) const;
 

@@ -1,5 +1,5 @@
 #include "SetGridRecords.h"
-#include "StoredStrength.h"
+#include "StoredDays.h"
 #include "TestDevice.h"
 
 #include "ScriptedMessageBoxes.h"
@@ -56,7 +56,7 @@ TEST_F(SetGridRecordsTest, PullsInTheLastDayTheGroupWasTrainedButNeverOverSetsOf
     EXPECT_EQ(*pulled, rows({{"Standing Calf Raises", "15"}, {"Angled Calf Raise", "12"}}));
     EXPECT_EQ(m_grid.open(kToday, kCalves, PullSettings::fromStored(1, 0, 0)), GroupSets());
     // Pulling in writes nothing until the grid saves.
-    StoredStrength stored(m_device.paths().objectStore());
+    StoredDays stored(m_device.paths().objectStore());
     EXPECT_EQ(stored.propCount(kB, kToday), 1);
 
     // A day that has the group's sets, or the group saved empty, keeps them.

@@ -1,5 +1,5 @@
 #include "StrengthRecords.h"
-#include "StoredStrength.h"
+#include "StoredDays.h"
 #include "TestDevice.h"
 
 #include "Clock.h"
@@ -25,7 +25,7 @@ protected:
     TestDevice m_device;
     ScriptedMessageBoxes m_boxes;
     StrengthRecords m_records{kA, kB};
-    StoredStrength m_stored{m_device.paths().objectStore()};
+    StoredDays m_stored{m_device.paths().objectStore()};
 };
 } // namespace
 
@@ -43,14 +43,14 @@ TEST_F(StrengthRecordsTest, NewDatabasesHoldTheMarkerAndAFirstVisitAddsTheDayRec
     EXPECT_EQ(m_stored.recordCount(kA), 2);
     EXPECT_EQ(m_stored.recordCount(kB), 2);
     EXPECT_EQ(m_stored.propCount(kA, kDay), 6);
-    EXPECT_EQ(m_stored.value(kA, kDay, 64, kFileTime).toLongLong(), StoredStrength::keyOf(kDay));
+    EXPECT_EQ(m_stored.value(kA, kDay, 64, kFileTime).toLongLong(), StoredDays::keyOf(kDay));
     EXPECT_EQ(m_stored.value(kA, kDay, 102, kI2).toLongLong(), 7);
     EXPECT_EQ(m_stored.value(kA, kDay, 103, kI2).toLongLong(), 41);
     EXPECT_EQ(m_stored.value(kA, kDay, 104, kI2).toLongLong(), 0);
     EXPECT_EQ(m_stored.value(kA, kDay, 105, kUI2).toLongLong(), 0);
     EXPECT_EQ(m_stored.value(kA, kDay, 1132, kText).toString(), "<Click to add Notes>");
     EXPECT_EQ(m_stored.propCount(kB, kDay), 1);
-    EXPECT_EQ(m_stored.value(kB, kDay, 64, kFileTime).toLongLong(), StoredStrength::keyOf(kDay));
+    EXPECT_EQ(m_stored.value(kB, kDay, 64, kFileTime).toLongLong(), StoredDays::keyOf(kDay));
 
     const std::optional<StrengthDay> read = m_records.ReadDay(kDay);
     ASSERT_TRUE(read);

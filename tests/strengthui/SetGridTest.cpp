@@ -158,7 +158,7 @@ TEST_F(SetGridTest, TypedSetsAreSavedAsAllSixtyPropertiesOfTheGroup) {
     EXPECT_FALSE(grid().isVisible());
     EXPECT_EQ(main().tabControl()->currentIndex(), 1);
     EXPECT_EQ(rows(BodyRegion::Upper), QStringList({"One Arm Rows|10|62.5|2|7", "Cable Rows||3.0||0"}));
-    const StoredStrength store = stored();
+    const StoredDays store = stored();
     EXPECT_EQ(store.propCount(kUpperB, kToday, 306, 405), 60);
     EXPECT_EQ(store.value(kUpperB, kToday, 306, kText), "One Arm Rows");
     EXPECT_EQ(store.value(kUpperB, kToday, 307, kText), "10");
@@ -187,7 +187,7 @@ TEST_F(SetGridTest, ClearedRowsAreSavedAsBlanksAndCancelWritesNothing) {
     EXPECT_EQ(shownRow(1), "||0||0");
     EXPECT_EQ(shownRow(2), "||0||0");
     trigger(ID_GRID_SAVE);
-    const StoredStrength store = stored();
+    const StoredDays store = stored();
     EXPECT_EQ(store.value(kUpperA, kToday, 106, kText), "Dumbbell Bench Press");
     EXPECT_EQ(store.value(kUpperA, kToday, 111, kText), "");
     EXPECT_EQ(store.value(kUpperA, kToday, 112, kText), "");

@@ -5,10 +5,11 @@
 #include "Settings.h"
 #include "resource.h"
 
-#include <QCheckBox>
 #include "DateControl.h"
 #include "NotesEdit.h"
 #include "TimeControl.h"
+
+#include <QCheckBox>
 #include <QHeaderView>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -66,7 +67,7 @@ TEST_F(StrengthLogPageTest, AFirstVisitWritesAnEmptyWorkoutStartingNowAndShowsIt
     EXPECT_EQ(page(BodyRegion::Lower).findChild<QPushButton*>("c1088"), nullptr);
 
     // The databases hold their marker and today's records: six properties in A, the key alone in B.
-    const StoredStrength store = stored();
+    const StoredDays store = stored();
     EXPECT_EQ(store.recordCount(kUpperA), 2);
     EXPECT_EQ(store.propCount(kUpperA, kToday), 6);
     EXPECT_EQ(store.value(kUpperA, kToday, 102, kI2), 9);
@@ -104,7 +105,7 @@ TEST_F(StrengthLogPageTest, ListsEveryRecordedSetOfTheDayInGroupOrderAndCountsTh
 TEST_F(StrengthLogPageTest, TimesSetOnThePageAreSavedAsTheWorkoutHeader) {
     StrengthLogPage& upper = showPage(BodyRegion::Upper);
     RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, Settings::kAsOne, 1);
-    const StoredStrength store = stored();
+    const StoredDays store = stored();
 
     // An end before the start counts the same span as the reverse.
     typeTime(BodyRegion::Upper, IDC_STRENGTH_START, "10:00a");
@@ -148,7 +149,7 @@ TEST_F(StrengthLogPageTest, TimesSetOnThePageAreSavedAsTheWorkoutHeader) {
 
 TEST_F(StrengthLogPageTest, AsOneHandsTheDateAndTheTimesToTheOtherPageUnlessTurnedOff) {
     showPage(BodyRegion::Lower);
-    const StoredStrength store = stored();
+    const StoredDays store = stored();
     typeTime(BodyRegion::Lower, IDC_STRENGTH_START, "8:00a");
     typeTime(BodyRegion::Lower, IDC_STRENGTH_END, "9:10a");
     QTest::mouseClick(control<QCheckBox>(page(BodyRegion::Lower), IDC_STRENGTH_COMPLETED), Qt::LeftButton);
@@ -191,7 +192,7 @@ TEST_F(StrengthLogPageTest, CkDateMovesTheOtherPagesEvenWhenTheWorkoutsCountAsTw
 TEST_F(StrengthLogPageTest, ATypedDateMovesBothPagesOnceAndWritesThatDayOnly) {
     showPage(BodyRegion::Upper);
     typeDate(BodyRegion::Upper, "3/5/2024");
-    const StoredStrength store = stored();
+    const StoredDays store = stored();
     // Marker, today and 3/5 in each region; then only 4/6, whether typed with separators or not.
     EXPECT_EQ(store.recordCount(kUpperA), 3);
     for (const char* keys : {"4/6/2024", "462024"}) {

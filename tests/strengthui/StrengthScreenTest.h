@@ -7,7 +7,7 @@
 #include "SetGrid.h"
 #include "ShellPageFactory.h"
 #include "ShellTestSupport.h"
-#include "StoredStrength.h"
+#include "StoredDays.h"
 #include "StrengthLogPage.h"
 #include "StrengthSet.h"
 #include "TapAndHold.h"
@@ -47,7 +47,7 @@ protected:
     StrengthLogPage& showPage(BodyRegion region);
     StrengthLogPage& page(BodyRegion region) const;
     SetGrid& grid() const;
-    StoredStrength stored() const { return StoredStrength(m_device.paths().objectStore()); }
+    StoredDays stored() const { return StoredDays(m_device.paths().objectStore()); }
 
     template <typename T> static T* control(const QWidget& parent, int id) {
         auto* found = parent.findChild<T*>(QStringLiteral("c%1").arg(id));

@@ -1,21 +1,24 @@
 #pragma once
-// Reads what the strength databases hold with plain SQL: a day's record is found by the value of
-// its property 64, computed here from the calendar independently of the day-key code.
+// Reads what the dated logs hold with plain SQL: a day's record is found by the value of its
+// property 64, computed here from the calendar independently of the day-key code.
 
 #include "SqlReader.h"
 
 #include <QDate>
 #include <QString>
+#include <QTime>
 
-class StoredStrength {
+class StoredDays {
 public:
-    explicit StoredStrength(const QString& objectStore) : m_sql(objectStore) {}
+    explicit StoredDays(const QString& objectStore) : m_sql(objectStore) {}
 
-    // The FILETIME count of day at 12:12:12.012.
-    static qint64 keyOf(const QDate& day) {
-        const qint64 seconds = QDate(1601, 1, 1).daysTo(day) * 86400 + 12 * 3600 + 12 * 60 + 12;
-        return seconds * 10'000'000 + 12 * 10'000;
+    // The FILETIME count of day at time.
+    static qint64 fileTimeOf(const QDate& day, const QTime& time) {
+        const qint64 seconds = QDate(1601, 1, 1).daysTo(day) * 86400 + time.msecsSinceStartOfDay() / 1000;
+        return seconds * 10'000'000 + time.msec() * 10'000;
     }
+    // The FILETIME count of day at 12:12:12.012.
+    static qint64 keyOf(const QDate& day) { return fileTimeOf(day, QTime(12, 12, 12, 12)); }
     static qint64 propId(int number, int type) { return (qint64(number) << 16) | type; }
 
     qint64 recordCount(const QString& db) const {
@@ -29,6 +32,15 @@ public:
                        ") AND (p.propid >> 16) BETWEEN ? AND ?",
                    {db, keyOf(day), first, last})
             .toLongLong();
+    }
+    // The day's properties numbered first to last as "number:type" in id order, joined by commas.
+    QString props(const QString& db, const QDate& day, int first = 0, int last = 0xFFFF) const {
+        return m_sql
+            .value("SELECT group_concat((propid >> 16) || ':' || (propid & 65535), ',') FROM (SELECT propid FROM "
+                   "props WHERE record = (" +
+                       kDayRecord + ") AND (propid >> 16) BETWEEN ? AND ? ORDER BY propid)",
+                   {db, keyOf(day), first, last})
+            .toString();
     }
     // The value of the property of that number and type (invalid when the record lacks it).
     QVariant value(const QString& db, const QDate& day, int number, int type) const {

@@ -1,0 +1,259 @@
+// The food records against hand-written SQLite on the ten-year device (default user), on days
+// that hold fifteen meals (the set-up fills slots 6 to 14 of 256 random days):
+//   show_day   what the food page does to show an existing day: FindDay, then LoadDay (the whole
+//              record read, the fifteen meals listed)
+//   save_day   saving the day values: the fifteen properties into the day's record
+//   put_meal   the meal dialog's OK: one slot's five properties into the day's record
+// Each through the food records (…_store) and through DirectStore (…_sqlite), the same sequence of
+// days, values and meals for both; the ratio store / sqlite must stay at most 2.
+
+#include "BenchDevice.h"
+#include "DayKey.h"
+#include "DirectStore.h"
+#include "FoodRecords.h"
+#include "RatioRunner.h"
+#include "SeededRandom.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+constexpr double kLimit = 2.0;
+constexpr int kDays = 256;
+constexpr int kJobs = 1024;
+constexpr int kGeneratedMeals = 6;
+constexpr std::uint64_t kSequenceSeed = 20240915;
+
+struct DayJob {
+    QDate day;
+    std::int64_t key;
+};
+
+struct SaveJob {
+    DayJob where;
+    FoodDayValues values;
+    DirectRecord directProps;
+};
+
+struct MealJob {
+    DayJob where;
+    int slot;
+    Meal meal;
+    DirectRecord directProps;
+};
+
+struct Workload {
+    QString food;
+    std::vector<DayJob> shows;
+    std::vector<SaveJob> saves;
+    std::vector<MealJob> meals;
+};
+
+DayJob dayJob(const QDate& day) {
+    return {day, static_cast<std::int64_t>(fileTimeTicks(DayKey::of(day)))};
+}
+
+Meal randomMeal(SeededRandom& random) {
+    static const char* const kFoods[] = {"Chicken", "Brown Rice", "Broccoli", "Yogurt", "Salmon", "Apple", ""};
+    const auto food = [&random] { return QString::fromLatin1(kFoods[random.between(0, 6)]); };
+    return {QTime(random.between(5, 22), random.between(0, 59)), food(), food(), food(), food()};
+}
+
+// Fifteen-meal days to show, saves and meals on those days (replacing values and slots, so every
+// one of them keeps its fifteen meals).
+void makeJobs(const DeviceGenerator& generator, Workload& workload) {
+    SeededRandom random(kSequenceSeed);
+    const int span = static_cast<int>(generator.firstDay().daysTo(generator.lastDay()));
+    std::vector<DayJob> days;
+    while (static_cast<int>(days.size()) < kDays) {
+        const DayJob job = dayJob(generator.firstDay().addDays(random.between(1, span)));
+        if (std::none_of(days.begin(), days.end(), [&job](const DayJob& d) { return d.day == job.day; })) {
+            days.push_back(job);
+        }
+    }
+    workload.shows = days;
+    for (int i = 0; i < kJobs; ++i) {
+        FoodDayValues values;
+        values.water = random.between(0, 12);
+        values.weight = random.between(150, 200);
+        values.bodyFat = random.between(100, 250) / 10.0;
+        values.notes = QStringLiteral("Note %1").arg(i);
+        values.sleep = random.between(50, 90) / 10.0;
+        values.waist = values.chest = values.biceps = values.quads = values.calves = random.between(100, 450) / 10.0;
+        values.overall = random.between(0, 10);
+        values.sleepQuality = random.between(0, 10);
+        values.systolic = random.between(100, 140);
+        values.diastolic = random.between(60, 90);
+        values.restingHeartRate = random.between(45, 70);
+        const DayJob& where = days[static_cast<size_t>(random.between(0, kDays - 1))];
+        workload.saves.push_back({where, values, DirectStore::fromRecord(values.toRecord())});
+        const int slot = random.between(0, Meal::kSlots - 1);
+        const Meal meal = randomMeal(random);
+        workload.meals.push_back({days[static_cast<size_t>(random.between(0, kDays - 1))], slot, meal,
+                                  DirectStore::fromRecord(meal.toRecord(slot))});
+    }
+}
+
+// Fills slots 6 to 14 of every day shown, so that each holds fifteen meals.
+bool fillMeals(const Workload& workload) {
+    const FoodRecords records(workload.food);
+    SeededRandom random(kSequenceSeed + 1);
+    for (const DayJob& job : workload.shows) {
+        for (int slot = kGeneratedMeals; slot < Meal::kSlots; ++slot) {
+            if (!records.PutMeal(job.day, slot, randomMeal(random))) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+// The page's view of a day by hand, in one read transaction: the database, the day's record, all
+// its properties.
+bool showDayByHand(DirectStore& direct, const QString& food, std::int64_t key, DirectRecord& props) {
+    if (!direct.beginRead()) {
+        return false;
+    }
+    const CEOID database = direct.databaseId(food);
+    const CEOID record = database == 0 ? 0 : direct.seekFirstEqual(database, key);
+    const bool read = record != 0 && direct.readRecord(record, props);
+    return direct.endRead() && read;
+}
+
+int mealTimes(const DirectRecord& props) {
+    return static_cast<int>(std::count_if(props.begin(), props.end(), [](const DirectProp& prop) {
+        const WORD number = HIWORD(prop.id);
+        return number >= Meal::timeNumber(0) && number <= Meal::timeNumber(Meal::kSlots - 1) &&
+               (number - Meal::kFirstNumber) % Meal::kNumbersPerSlot == 0;
+    }));
+}
+
+void showDayStore(benchmark::State& state, const Workload& workload) {
+    size_t i = 0;
+    const FoodRecords records(workload.food);
+    for (auto _ : state) {
+        const DayJob& job = workload.shows[i++ % workload.shows.size()];
+        const std::optional<FoodDay> day = records.FindDay(job.day) != 0 ? records.LoadDay(job.day) : std::nullopt;
+        if (!day || day->meals().size() != Meal::kSlots) {
+            state.SkipWithError("store show failed");
+            break;
+        }
+        benchmark::DoNotOptimize(day);
+    }
+}
+
+void showDaySqlite(benchmark::State& state, const Workload& workload, DirectStore& direct) {
+    size_t i = 0;
+    DirectRecord props;
+    for (auto _ : state) {
+        const DayJob& job = workload.shows[i++ % workload.shows.size()];
+        if (!showDayByHand(direct, workload.food, job.key, props) || mealTimes(props) != Meal::kSlots) {
+            state.SkipWithError("sqlite show failed");
+            break;
+        }
+        benchmark::DoNotOptimize(props);
+    }
+}
+
+void saveDayStore(benchmark::State& state, const Workload& workload) {
+    size_t i = 0;
+    const FoodRecords records(workload.food);
+    for (auto _ : state) {
+        const SaveJob& job = workload.saves[i++ % workload.saves.size()];
+        if (!records.SaveDay(job.where.day, job.values)) {
+            state.SkipWithError("store save failed");
+            break;
+        }
+    }
+}
+
+void putMealStore(benchmark::State& state, const Workload& workload) {
+    size_t i = 0;
+    const FoodRecords records(workload.food);
+    for (auto _ : state) {
+        const MealJob& job = workload.meals[i++ % workload.meals.size()];
+        if (!records.PutMeal(job.where.day, job.slot, job.meal)) {
+            state.SkipWithError("store put failed");
+            break;
+        }
+    }
+}
+
+template <typename Job>
+void writeSqlite(benchmark::State& state, const std::vector<Job>& jobs, const QString& food, DirectStore& direct) {
+    size_t i = 0;
+    for (auto _ : state) {
+        const Job& job = jobs[i++ % jobs.size()];
+        if (!direct.writeDayProps(food, job.where.key, job.directProps)) {
+            state.SkipWithError("sqlite write failed");
+            break;
+        }
+    }
+}
+
+void registerCases(RatioRunner& runner, const Workload& workload, DirectStore& direct) {
+    benchmark::RegisterBenchmark("show_day_store", showDayStore, std::cref(workload))
+        ->Unit(benchmark::kMicrosecond)
+        ->UseRealTime();
+    benchmark::RegisterBenchmark("show_day_sqlite", showDaySqlite, std::cref(workload), std::ref(direct))
+        ->Unit(benchmark::kMicrosecond)
+        ->UseRealTime();
+    benchmark::RegisterBenchmark("save_day_store", saveDayStore, std::cref(workload))
+        ->Unit(benchmark::kMicrosecond)
+        ->UseRealTime();
+    benchmark::RegisterBenchmark("save_day_sqlite", writeSqlite<SaveJob>, std::cref(workload.saves),
+                                 std::cref(workload.food), std::ref(direct))
+        ->Unit(benchmark::kMicrosecond)
+        ->UseRealTime();
+    benchmark::RegisterBenchmark("put_meal_store", putMealStore, std::cref(workload))
+        ->Unit(benchmark::kMicrosecond)
+        ->UseRealTime();
+    benchmark::RegisterBenchmark("put_meal_sqlite", writeSqlite<MealJob>, std::cref(workload.meals),
+                                 std::cref(workload.food), std::ref(direct))
+        ->Unit(benchmark::kMicrosecond)
+        ->UseRealTime();
+    using Clock = RatioRunner::Clock;
+    runner.addRatio("show_day", "show_day_store", "show_day_sqlite", Clock::Cpu, kLimit);
+    // One durable commit on each side; see StoreBench's write_group.
+    runner.addRatio("save_day", "save_day_store", "save_day_sqlite", Clock::Cpu, kLimit);
+    runner.addRatio("put_meal", "put_meal_store", "put_meal_sqlite", Clock::Cpu, kLimit);
+}
+
+int fail(const QString& text) {
+    std::fprintf(stderr, "FoodBench: %s\n", qPrintable(text));
+    return 1;
+}
+} // namespace
+
+int main(int argc, char** argv) {
+    RatioRunner runner(argc, argv);
+    BenchDevice device;
+    if (!device.create()) {
+        return fail(device.errorText());
+    }
+    Workload workload;
+    workload.food = DatabaseCatalogue::userDatabaseName(UserDatabase::Food, DeviceGenerator::userName(0));
+    makeJobs(device.generator(), workload);
+    if (!fillMeals(workload)) {
+        return fail(QStringLiteral("The fifteen meals of the days shown could not be put."));
+    }
+    DirectStore direct(device.objectStorePath());
+    if (!direct.open()) {
+        return fail(direct.errorText());
+    }
+    // Both ways see the same day: as many properties read, fifteen meals.
+    const FoodRecords records(workload.food);
+    for (int i = 0; i < 16; ++i) {
+        const DayJob& job = workload.shows[static_cast<size_t>(i)];
+        const std::optional<FoodDay> day = records.LoadDay(job.day);
+        DirectRecord props;
+        if (!day || !showDayByHand(direct, workload.food, job.key, props) || mealTimes(props) != Meal::kSlots ||
+            day->meals().size() != Meal::kSlots) {
+            return fail(QStringLiteral("The food records and the baseline read different days."));
+        }
+    }
+    registerCases(runner, workload, direct);
+    return runner.run();
+}

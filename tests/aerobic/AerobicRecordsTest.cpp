@@ -1,0 +1,160 @@
+#include "AerobicRecords.h"
+#include "SqlReader.h"
+#include "StoredDays.h"
+#include "TestDevice.h"
+
+#include "ScriptedMessageBoxes.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+const QString kAerobic = QStringLiteral("Kov2AerobicAnn");
+const QDate kDay(2024, 3, 9);
+constexpr int kI2 = 2, kUI2 = 18, kText = 31;
+
+// "first:2,...": the twenty minute ratings from first on, as 16-bit integers.
+QString minuteIds(int first) {
+    QStringList ids;
+    for (int n = 0; n < 20; ++n) {
+        ids << QString::number(first + n) + ":2";
+    }
+    return ids.join(',');
+}
+
+AerobicExercise exerciseAt(QTime start, QTime end, const QString& name) {
+    AerobicExercise exercise;
+    exercise.exercise = name;
+    exercise.start = QDateTime(kDay, start);
+    exercise.end = QDateTime(kDay, end);
+    return exercise;
+}
+
+class AerobicRecordsTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(m_records.EnsureDatabase());
+        ASSERT_NE(m_records.CreateDay(kDay), 0u);
+    }
+    // Every property of the day's record but those numbered in skipped, as "id=value" in id order.
+    QString propsBut(const std::array<WORD, 30>& skipped) const {
+        QStringList numbers;
+        for (WORD n : skipped) {
+            numbers << QString::number(n);
+        }
+        return m_sql
+            .value("SELECT group_concat(propid || '=' || value) FROM (SELECT propid, value FROM props WHERE record = ? "
+                   "AND (propid >> 16) NOT IN (" +
+                       numbers.join(',') + ") ORDER BY propid)",
+                   {qint64(m_records.FindDay(kDay))})
+            .toString();
+    }
+
+    TestDevice m_device;
+    ScriptedMessageBoxes m_boxes;
+    AerobicRecords m_records{kAerobic};
+    StoredDays m_stored{m_device.paths().objectStore()};
+    SqlReader m_sql{m_device.paths().objectStore()};
+};
+} // namespace
+
+TEST_F(AerobicRecordsTest, EachSlotWritesExactlyItsThirtyPropertiesWithTheirTypes) {
+    EXPECT_EQ(m_stored.props(kAerobic, QDate(1968, 11, 29)), "64:64");
+    EXPECT_EQ(m_sql.value("SELECT type || '/' || sort_propid FROM databases WHERE name = ?", {kAerobic}).toString(),
+              "12345/4194368");
+    EXPECT_EQ(m_stored.props(kAerobic, kDay), "64:64");
+
+    const QString expected[] = {
+        "64:64,102:2,103:2,104:2,105:18,701:31," + minuteIds(702) + ",722:5,723:2,724:31,1132:31,1133:2",
+        "64:64,801:31," + minuteIds(802) + ",822:5,823:2,824:31,1134:2,1136:2,1138:2,1140:2,1142:31,1144:18",
+        "64:64,901:31," + minuteIds(902) + ",922:5,923:2,924:31,1135:2,1137:2,1139:2,1141:2,1143:31,1145:18",
+    };
+    for (int slot = 1; slot <= 3; ++slot) {
+        const QDate day = kDay.addDays(slot);
+        ASSERT_NE(m_records.CreateDay(day), 0u);
+        ASSERT_TRUE(m_records.SaveExercise(day, slot, AerobicExercise()));
+        EXPECT_EQ(m_stored.props(kAerobic, day), expected[slot - 1]) << slot;
+    }
+    EXPECT_TRUE(m_boxes.texts().isEmpty());
+}
+
+TEST_F(AerobicRecordsTest, SavingOneExerciseLeavesTheOtherSlotsAsTheyWere) {
+    ASSERT_TRUE(m_records.SaveExercise(kDay, 1, exerciseAt(QTime(7, 5), QTime(7, 50), "Run")));
+    ASSERT_TRUE(m_records.SaveExercise(kDay, 3, exerciseAt(QTime(18, 0), QTime(18, 30), "Swim")));
+    const QString others = propsBut(AerobicSlot::of(2)->numbers());
+
+    AerobicExercise bike = exerciseAt(QTime(12, 15), QTime(13, 0), "Bike");
+    bike.minutes.fill(9);
+    ASSERT_TRUE(m_records.SaveExercise(kDay, 2, bike));
+    EXPECT_EQ(propsBut(AerobicSlot::of(2)->numbers()), others);
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 801, kText).toString(), "Bike");
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 1140, kI2).toLongLong(), 45);
+
+    // Saving slot 2 again replaces its values without touching the others.
+    ASSERT_TRUE(m_records.SaveExercise(kDay, 2, exerciseAt(QTime(12, 15), QTime(12, 20), "Walk")));
+    EXPECT_EQ(propsBut(AerobicSlot::of(2)->numbers()), others);
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 1140, kI2).toLongLong(), 5);
+}
+
+TEST_F(AerobicRecordsTest, StoresTheValuesAnEmptyIntensityBoxAsZeroAndTheAbsoluteElapsedMinutes) {
+    AerobicExercise run = exerciseAt(QTime(7, 50), QTime(7, 5), "Run"); // end before start
+    run.elapsedSeconds = 37;
+    run.completed = true;
+    run.minutes[0] = AerobicExercise::kNoChoice;
+    run.minutes[1] = 0;
+    run.minutes[19] = 10;
+    ASSERT_TRUE(m_records.SaveExercise(kDay, 1, run));
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 102, kI2).toLongLong(), 7);
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 103, kI2).toLongLong(), 50);
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 104, kI2).toLongLong(), 45);
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 105, kUI2).toLongLong(), 1);
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 1133, kI2).toLongLong(), 37);
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 702, kI2).toLongLong(), 0);
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 703, kI2).toLongLong(), 0);
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 721, kI2).toLongLong(), 10);
+
+    // The span as the two controls stand, in whole minutes within a day.
+    const QDateTime late(kDay, QTime(23, 30));
+    EXPECT_EQ(AerobicExercise::elapsedMinutes(late, QDateTime(kDay, QTime(0, 10))), 1400);
+    EXPECT_EQ(AerobicExercise::elapsedMinutes(late, QDateTime(kDay.addDays(1), QTime(0, 10))), 40);
+    EXPECT_EQ(AerobicExercise::elapsedMinutes(late, late.addSecs(59)), 0);
+    EXPECT_EQ(AerobicExercise::elapsedMinutes(late, late.addSecs(60)), 1);
+    EXPECT_EQ(AerobicExercise::elapsedMinutes(late, late.addSecs(86400 + 299)), 4);
+}
+
+TEST_F(AerobicRecordsTest, ReadsTheDaysExercisesAndCountsUpToTheHighestStoredSlot) {
+    std::optional<AerobicDay> day = m_records.ReadDay(kDay);
+    ASSERT_TRUE(day);
+    EXPECT_EQ(day->exerciseCount(), 1);
+    EXPECT_FALSE(day->exercise(1));
+
+    AerobicExercise swim = exerciseAt(QTime(18, 0), QTime(16, 45), "Swim");
+    swim.elapsedSeconds = 12;
+    swim.minutes[4] = 7;
+    ASSERT_TRUE(m_records.SaveExercise(kDay, 3, swim));
+    day = m_records.ReadDay(kDay);
+    ASSERT_TRUE(day);
+    EXPECT_EQ(day->exerciseCount(), 3);
+    EXPECT_FALSE(day->exercise(1));
+    EXPECT_FALSE(day->exercise(4));
+    const std::optional<AerobicExercise> read = day->exercise(3);
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->exercise, "Swim");
+    EXPECT_EQ(read->start, QDateTime(kDay, QTime(18, 0)));
+    EXPECT_EQ(read->end, QDateTime(kDay, QTime(19, 15)));
+    EXPECT_EQ(read->elapsedSeconds, 12);
+    EXPECT_EQ(read->minutes[4], 7);
+
+    ASSERT_TRUE(m_records.SaveExercise(kDay, 2, AerobicExercise()));
+    EXPECT_EQ(m_records.ReadDay(kDay)->exerciseCount(), 3);
+}
+
+TEST_F(AerobicRecordsTest, RefusesAnExerciseNumberOutsideOneToThreeAndAMissingDay) {
+    EXPECT_FALSE(m_records.SaveExercise(kDay, 0, AerobicExercise()));
+    EXPECT_FALSE(m_records.SaveExercise(kDay, 4, AerobicExercise()));
+    EXPECT_FALSE(m_records.SaveExercise(kDay.addDays(1), 1, AerobicExercise()));
+    EXPECT_FALSE(m_records.ReadDay(kDay.addDays(1)));
+    EXPECT_EQ(m_boxes.texts(), QStringList({"Error finding number of exercises", "Error finding number of exercises",
+                                            "Record not found error", "Error accessing Aerobic"}));
+    EXPECT_EQ(m_stored.props(kAerobic, kDay), "64:64");
+    EXPECT_EQ(m_stored.recordCount(kAerobic), 2);
+}
