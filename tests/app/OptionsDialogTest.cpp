@@ -75,6 +75,9 @@ TEST_F(OptionsDialogTest, StoredValuesAreShownWithTheInvertedOnesReadAsOnUnlessO
     storeSix(2, 2, 1, 2, 2, 2);
     auto others = reopen();
     EXPECT_EQ(states(*others), QStringLiteral("c-h-c-"));
+    // The stale FillIn of 1 under PullWt off is not kept: the hidden box is unchecked.
+    others->findChild<QPushButton*>(QStringLiteral("c1"))->click();
+    EXPECT_EQ(storedSix(), QStringLiteral("PullWt=0/4 CkDate=0/4 FillIn=0/4 ShowBox=0/4 PullLast=0/4 AsOne=0/4"));
 }
 
 TEST_F(OptionsDialogTest, UncheckingPullWtHidesFillInAndOkStillWritesItsLastState) {
