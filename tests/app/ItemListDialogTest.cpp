@@ -3,7 +3,6 @@
 
 #include "NameList.h"
 #include "ShellTestSupport.h"
-#include "SqlReader.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -43,13 +42,9 @@ protected:
     static QString prompt(QWidget* dialog, int id) {
         return dialog->findChild<QLabel*>(QStringLiteral("c%1").arg(id))->text();
     }
-    // The names stored in database, in the order they were added.
-    QString stored(const QString& database) const {
-        return SqlReader(m_device.paths().objectStore())
-            .value("SELECT group_concat(value, '|') FROM (SELECT p.value FROM props p JOIN records r ON p.record = "
-                   "r.oid JOIN databases d ON r.db = d.oid WHERE d.name = ? AND p.propid = 52494367 ORDER BY r.oid)",
-                   {database})
-            .toString();
+    // The names stored in database, in the list's order.
+    static QString stored(const QString& database) {
+        return NameList(database).items().value_or(QStringList()).join('|');
     }
 };
 
@@ -91,10 +86,7 @@ TEST_F(ItemListDialogTest, AddsNamesOnceEachAndCreatesAMissingListEmpty) {
     EXPECT_EQ(shown, QStringList({"", "Bench Dips|bench dips|Leg Press"}));
     EXPECT_EQ(m_boxes.texts(), QStringList{"This entry already exists"});
     EXPECT_EQ(added, "bench dips");
-    EXPECT_EQ(stored("KovTestList"), "Leg Press|Bench Dips|bench dips");
-    const SqlReader sql(m_device.paths().objectStore());
-    EXPECT_EQ(sql.value("SELECT type FROM databases WHERE name = 'KovTestList'"), 12345);
-    EXPECT_EQ(sql.value("SELECT sort_propid FROM databases WHERE name = 'KovTestList'"), 52494367);
+    EXPECT_EQ(stored("KovTestList"), "Bench Dips|Leg Press|bench dips");
 }
 
 TEST_F(ItemListDialogTest, DeletesTheSelectedNameWithoutAskingAndSaysWhatWentWrong) {

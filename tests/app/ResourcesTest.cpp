@@ -29,19 +29,14 @@ int opaquePixels(const QPixmap& pixmap) {
 }
 } // namespace
 
-TEST(ResourcesTest, ToolBarsHoldVersionOneSixteenByFifteenButtonsWithTheirCommandsAndADrawnImageEach) {
-    const std::pair<int, std::vector<int>> bars[] = {
-        {178, {32832}},
-        {151, {32793, 32794, 32795, 32796, 32797, 32837}},
-        {157, {32816, 32817, 32819, 32820, 32838, 32839}},
-        {162, {32828}},
-    };
-    for (const auto& [id, commands] : bars) {
+// The commands of each bar are checked where the command bar shows them (MainDialogTest).
+TEST(ResourcesTest, ToolBarsHoldVersionOneSixteenByFifteenButtonsWithADrawnImageAndATipEach) {
+    for (int id : {178, 151, 157, 162}) {
         const auto bar = ToolBarResource::load(id);
         ASSERT_TRUE(bar.has_value()) << id;
         EXPECT_EQ(bar->buttonWidth(), 16) << id;
         EXPECT_EQ(bar->buttonHeight(), 15) << id;
-        EXPECT_EQ(bar->commands(), commands) << id;
+        const std::vector<int> commands = bar->commands();
         for (int i = 0; i < static_cast<int>(commands.size()); ++i) {
             const QPixmap image = bar->buttonImage(i);
             EXPECT_EQ(image.size(), QSize(16, 15)) << id << " button " << i;

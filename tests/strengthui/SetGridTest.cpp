@@ -1,23 +1,20 @@
 #include "StrengthScreenTest.h"
 
 #include "CommandBar.h"
-#include "ItemListDialog.h"
-#include "Settings.h"
-#include "SqlReader.h"
 #include "DeviceCombo.h"
+#include "ItemListDialog.h"
 #include "NumberEdit.h"
 #include "RatingCombo.h"
+#include "Settings.h"
 #include "UpDownControl.h"
 #include "resource.h"
 
 #include <QApplication>
-#include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStyle>
-#include <QTabBar>
 #include <QTest>
 #include <QToolButton>
 #include <QWheelEvent>
@@ -69,56 +66,31 @@ TEST_F(SetGridTest, OpensWithTheGroupsListAndPullsTheLastDayOnlyWhenTheDayHasNoS
     showPage(BodyRegion::Upper);
     writeSets(kEarlier, kChest, {set("Dumbbell Flyes", "12", 30, "1", 6), set("Dumbbell Flyes", "10", 35, "1", 7)});
     open(ID_UPPER_CHEST);
-    EXPECT_EQ(grid().objectName(), "SetGrid");
-    EXPECT_EQ(grid().dialogId(), 143);
     EXPECT_FALSE(main().tabControl()->isVisible());
     EXPECT_EQ(toolBarCommands(), (std::vector<int>{32872, 32873, 0, 32874, 32875}));
-    QMenu* clear = main().commandBar()->addedMenu(IDR_SETGRID_MENU);
-    ASSERT_NE(clear, nullptr);
     QStringList clearItems;
-    for (QAction* action : clear->actions()) {
+    for (QAction* action : main().commandBar()->addedMenu(IDR_SETGRID_MENU)->actions()) {
         clearItems << action->text();
     }
     EXPECT_EQ(clearItems, QStringList({"All Rows", "Current Row", "Current Row and all below it"}));
 
-    // Every control of the twelve rows, the bar and the scroll bar, by id.
-    for (int index = 0; index < SetGrid::kRows; ++index) {
-        const int* ids = IDC_GRID_ROWS[index];
-        EXPECT_TRUE(control<QComboBox>(grid(), ids[0])->isEditable());
-        EXPECT_TRUE(control<QComboBox>(grid(), ids[1])->isEditable());
-        EXPECT_NE(control<QLineEdit>(grid(), ids[2]), nullptr);
-        EXPECT_NE(control<UpDownControl>(grid(), ids[3]), nullptr);
-        EXPECT_TRUE(control<QComboBox>(grid(), ids[4])->isEditable());
-        EXPECT_FALSE(control<QComboBox>(grid(), ids[5])->isEditable());
-    }
-    EXPECT_NE(control<QLabel>(grid(), IDC_GRID_BAR), nullptr);
+    // Exercise, reps and rest take typing; the intensity is only chosen.
+    EXPECT_TRUE(row(11).exercise->isEditable() && row(11).reps->isEditable() && row(11).rest->isEditable());
+    EXPECT_FALSE(row(11).intensity->isEditable());
     QScrollBar* bar = control<QScrollBar>(grid(), IDC_GRID_SCROLL);
-    EXPECT_EQ(bar->minimum(), 0);
     EXPECT_EQ(bar->maximum() + bar->pageStep() - 1, 100);
     EXPECT_EQ(bar->pageStep(), 10);
-    EXPECT_EQ(bar->value(), 0);
     EXPECT_EQ(items(row(1).reps).size(), 21);
     EXPECT_EQ(items(row(1).reps).last(), "20");
     EXPECT_EQ(items(row(1).rest).last(), "10");
     EXPECT_EQ(items(row(1).intensity).size(), 11);
-
-    // The list was made with its defaults in their order; the combos sort them.
-    const SqlReader sql(m_device.paths().objectStore());
-    EXPECT_EQ(sql.value("SELECT group_concat(value, '|') FROM (SELECT p.value FROM props p JOIN records r ON "
-                        "p.record = r.oid JOIN databases d ON r.db = d.oid WHERE d.name = 'KovChestList' AND "
-                        "p.propid = 52494367 ORDER BY r.oid)")
-                  .toString(),
-              "Dumbbell Bench Press|Incline Dumbbell Press|Dumbbell Flyes|Barbell Bench Press");
     EXPECT_EQ(items(row(0).exercise), kChestSorted);
-    EXPECT_EQ(items(row(11).exercise), kChestSorted);
 
     // Today has no chest sets: the last chest day's are shown but not written until saved.
     EXPECT_EQ(shownRow(0), "Dumbbell Flyes|12|30|1|6");
     EXPECT_EQ(shownRow(1), "Dumbbell Flyes|10|35|1|7");
     EXPECT_EQ(shownRow(2), "||0||0");
     trigger(ID_GRID_CANCEL);
-    EXPECT_FALSE(grid().isVisible());
-    EXPECT_TRUE(main().tabControl()->isVisible());
     EXPECT_EQ(toolBarCommands(), (std::vector<int>{32793, 32794, 32795, 32796, 32797, 32837}));
     EXPECT_EQ(stored().propCount(kUpperA, kToday, 106, 205), 0);
 
@@ -157,22 +129,10 @@ TEST_F(SetGridTest, TypedSetsAreSavedAsAllSixtyPropertiesOfTheGroup) {
 
     EXPECT_FALSE(grid().isVisible());
     EXPECT_EQ(main().tabControl()->currentIndex(), 1);
+    // The page reads the group back from the store: each typed value reached its own property.
     EXPECT_EQ(rows(BodyRegion::Upper), QStringList({"One Arm Rows|10|62.5|2|7", "Cable Rows||3.0||0"}));
-    const StoredDays store = stored();
-    EXPECT_EQ(store.propCount(kUpperB, kToday, 306, 405), 60);
-    EXPECT_EQ(store.value(kUpperB, kToday, 306, kText), "One Arm Rows");
-    EXPECT_EQ(store.value(kUpperB, kToday, 307, kText), "10");
-    EXPECT_EQ(store.value(kUpperB, kToday, 308, kR8), 62.5);
-    EXPECT_EQ(store.value(kUpperB, kToday, 309, kText), "2");
-    EXPECT_EQ(store.value(kUpperB, kToday, 310, kI2), 7);
-    EXPECT_EQ(store.value(kUpperB, kToday, 311, kText), "Cable Rows");
-    EXPECT_EQ(store.value(kUpperB, kToday, 313, kR8), 3.0);
-    // The twelfth row, empty, is written too.
-    EXPECT_EQ(store.value(kUpperB, kToday, 361, kText), "");
-    EXPECT_EQ(store.value(kUpperB, kToday, 362, kText), "");
-    EXPECT_EQ(store.value(kUpperB, kToday, 363, kR8), 0.0);
-    EXPECT_EQ(store.value(kUpperB, kToday, 365, kI2), 0);
-    EXPECT_EQ(store.propCount(kUpperA, kToday, 106, 305), 0);
+    EXPECT_EQ(stored().propCount(kUpperB, kToday, 306, 405), 60);
+    EXPECT_EQ(stored().propCount(kUpperA, kToday, 106, 305), 0);
 }
 
 TEST_F(SetGridTest, ClearedRowsAreSavedAsBlanksAndCancelWritesNothing) {
@@ -187,13 +147,6 @@ TEST_F(SetGridTest, ClearedRowsAreSavedAsBlanksAndCancelWritesNothing) {
     EXPECT_EQ(shownRow(1), "||0||0");
     EXPECT_EQ(shownRow(2), "||0||0");
     trigger(ID_GRID_SAVE);
-    const StoredDays store = stored();
-    EXPECT_EQ(store.value(kUpperA, kToday, 106, kText), "Dumbbell Bench Press");
-    EXPECT_EQ(store.value(kUpperA, kToday, 111, kText), "");
-    EXPECT_EQ(store.value(kUpperA, kToday, 112, kText), "");
-    EXPECT_EQ(store.value(kUpperA, kToday, 113, kR8), 0.0);
-    EXPECT_EQ(store.value(kUpperA, kToday, 115, kI2), 0);
-    EXPECT_EQ(store.value(kUpperA, kToday, 116, kText), "");
     EXPECT_EQ(rows(BodyRegion::Upper), QStringList{"Dumbbell Bench Press|10|60.0|2|8"});
 
     // A group saved with every row cleared still has its sets: nothing is pulled over them.
@@ -202,14 +155,13 @@ TEST_F(SetGridTest, ClearedRowsAreSavedAsBlanksAndCancelWritesNothing) {
     trigger(ID_CLEAR_CURRENTROW);
     EXPECT_EQ(shownRow(0), "||0||0");
     trigger(ID_GRID_SAVE);
-    EXPECT_EQ(store.value(kUpperA, kToday, 106, kText), "");
     EXPECT_TRUE(rows(BodyRegion::Upper).isEmpty());
     writeSets(kToday, kChest, {set("Dumbbell Flyes", "12", 30, "1", 6)});
     open(ID_UPPER_CHEST);
     trigger(ID_CLEAR_ALLROWS);
     EXPECT_EQ(shownRow(0), "||0||0");
     trigger(ID_GRID_CANCEL);
-    EXPECT_EQ(store.value(kUpperA, kToday, 106, kText), "Dumbbell Flyes");
+    EXPECT_EQ(stored().value(kUpperA, kToday, 106, kText), "Dumbbell Flyes");
 }
 
 TEST_F(SetGridTest, TheUpDownStepsTheWholeWeightAndStopsAt0And999) {
