@@ -5,9 +5,9 @@
 // Times are counted on the wall clock (the device keeps no time zone): the elapsed minutes of a
 // start and end are those their two clock readings differ by.
 
-#include "NotesPlaceholder.h"
 #include "AerobicSlot.h"
 #include "DbRecord.h"
+#include "NotesPlaceholder.h"
 
 #include <QDateTime>
 #include <QString>

@@ -5,6 +5,8 @@
 #include "MessageBox.h"
 #include "RecordDatabase.h"
 
+#include <algorithm>
+
 AerobicRecords::AerobicRecords(QString name, QObject* owner) : m_name(std::move(name)), m_owner(owner) {}
 
 bool AerobicRecords::fail(const QString& text) const {
@@ -64,6 +66,55 @@ bool AerobicRecords::SaveExercise(const QDate& day, int slot, const AerobicExerc
     }
     DbRecord stored;
     if (!db.ReadCurrent(stored) || db.Write(exercise.toRecord(*ids).replacing(stored), db.CurrentRecordId()) == 0) {
+        return fail(kErrorAccessingAerobic);
+    }
+    return true;
+}
+
+bool AerobicRecords::DeleteExercise(const QDate& day, int slot) const {
+    if (!AerobicSlot::of(slot)) {
+        return fail(kErrorFindingNumber);
+    }
+    RecordDatabase db;
+    if (!db.Open(m_name, DayKey::kPropId)) {
+        return fail(kErrorAccessingAerobic);
+    }
+    if (db.SeekFirstEqual(DayKey::prop(day)) == 0) {
+        return fail(kRecordNotFoundError);
+    }
+    DbRecord stored;
+    if (!db.ReadCurrent(stored)) {
+        return fail(kErrorAccessingAerobic);
+    }
+    // The properties are moved as stored, number for number, so that a moved exercise reads back
+    // exactly as it was; whatever else the slot below held is removed.
+    DbRecord changes;
+    const auto& all = AerobicSlot::all();
+    for (int to = slot; to <= AerobicSlot::kSlots; ++to) {
+        const std::array<WORD, AerobicSlot::kProps> target = all[static_cast<size_t>(to - 1)].numbers();
+        DbRecord moved;
+        if (to < AerobicSlot::kSlots) {
+            const std::array<WORD, AerobicSlot::kProps> source = all[static_cast<size_t>(to)].numbers();
+            for (const DbProp& prop : stored.props()) {
+                const auto at = std::find(source.begin(), source.end(), prop.number());
+                if (at != source.end()) {
+                    moved.append(prop.renumbered(target[static_cast<size_t>(at - source.begin())]));
+                }
+            }
+        }
+        for (const DbProp& prop : stored.props()) {
+            const bool inTarget = std::find(target.begin(), target.end(), prop.number()) != target.end();
+            const bool replaced = std::any_of(moved.props().begin(), moved.props().end(),
+                                              [&](const DbProp& m) { return m.id() == prop.id(); });
+            if (inTarget && !replaced) {
+                changes.append(DbProp::deletion(prop.number(), prop.type()));
+            }
+        }
+        for (const DbProp& prop : moved.props()) {
+            changes.append(prop);
+        }
+    }
+    if (!changes.isEmpty() && db.Write(changes, db.CurrentRecordId()) == 0) {
         return fail(kErrorAccessingAerobic);
     }
     return true;

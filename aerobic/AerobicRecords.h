@@ -43,6 +43,10 @@ public:
     // as it is. A slot outside 1-3: "Error finding number of exercises"; without a record: "Record not
     // found error"; nothing is written then.
     bool SaveExercise(const QDate& day, int slot, const AerobicExercise& exercise) const;
+    // Removes the exercise in slot (1-3) from the day's record: each later exercise moves down one
+    // slot, its stored values unchanged, and the last slot that held one is emptied. The key and
+    // every other property stay. The same messages as SaveExercise; nothing is written then.
+    bool DeleteExercise(const QDate& day, int slot) const;
 
 private:
     bool fail(const QString& text) const;

@@ -85,6 +85,31 @@ constexpr int IDC_STRENGTH_ENDNOW = 1019;
 constexpr int IDC_STRENGTH_ELAPSED = 1085;
 constexpr int IDC_STRENGTH_DBG = 1088;
 
+// Aerobic log page (dialog 136): the form, the two buttons under it, "del", and the twenty
+// intensity drop-downs of minutes 1 to 20 with their three labels.
+constexpr int IDC_AEROBIC_DATE = 1004;
+constexpr int IDC_AEROBIC_START = 1005;
+constexpr int IDC_AEROBIC_END = 1006;
+constexpr int IDC_AEROBIC_NOTES = 1014;
+constexpr int IDC_AEROBIC_COMPLETED = 1015;
+constexpr int IDC_AEROBIC_STARTNOW = 1018;
+constexpr int IDC_AEROBIC_ENDNOW = 1019;
+constexpr int IDC_AEROBIC_ELAPSED = 1085;
+constexpr int IDC_AEROBIC_EXERCISE = 1100;
+constexpr int IDC_AEROBIC_COURSE = 1101;
+constexpr int IDC_AEROBIC_EXERCISELIST = 1102;
+constexpr int IDC_AEROBIC_COURSELIST = 1103;
+constexpr int IDC_AEROBIC_DISTANCE = 1104;
+constexpr int IDC_AEROBIC_DISTANCESPIN = 1105;
+constexpr int IDC_AEROBIC_HEARTRATE = 1106;
+constexpr int IDC_AEROBIC_HEARTRATESPIN = 1107;
+constexpr int IDC_AEROBIC_FIRSTBUTTON = 1108;
+constexpr int IDC_AEROBIC_SECONDBUTTON = 1109;
+constexpr int IDC_AEROBIC_DELETE = 1110;
+constexpr int IDC_AEROBIC_LABELS[3] = {1111, 1112, 1113};
+constexpr int IDC_AEROBIC_MINUTES[20] = {1150, 1151, 1152, 1153, 1154, 1155, 1156, 1157, 1158, 1159,
+                                         1160, 1161, 1162, 1163, 1164, 1165, 1166, 1167, 1168, 1169};
+
 // Set-entry grid (dialog 143): the bitmap bar, the scroll bar, and per row (1-12) the exercise,
 // reps, weight edit, up-down, rest and intensity controls.
 constexpr int IDC_GRID_BAR = 1002;

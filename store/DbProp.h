@@ -28,6 +28,12 @@ public:
     CEPROPVAL toPropVal() const;
 
     WORD number() const { return m_number; }
+    // The same type and value under another number (a value moved within a record).
+    DbProp renumbered(WORD number) const {
+        DbProp moved = *this;
+        moved.m_number = number;
+        return moved;
+    }
     WORD type() const { return m_type; }
     CEPROPID id() const { return PROP_TAG(m_type, m_number); }
     WORD flags() const { return m_flags; }
@@ -46,8 +52,8 @@ public:
     friend bool operator==(const DbProp&, const DbProp&) = default;
 
 private:
-    using Value = std::variant<std::monostate, std::int16_t, WORD, LONG, DWORD, double, bool, QString, FILETIME,
-                               QByteArray>;
+    using Value =
+        std::variant<std::monostate, std::int16_t, WORD, LONG, DWORD, double, bool, QString, FILETIME, QByteArray>;
     DbProp(WORD number, WORD type, Value value) : m_number(number), m_type(type), m_value(std::move(value)) {}
 
     WORD m_number = 0;

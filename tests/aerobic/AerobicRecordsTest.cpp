@@ -157,3 +157,32 @@ TEST_F(AerobicRecordsTest, RefusesAnExerciseNumberOutsideOneToThreeAndAMissingDa
     EXPECT_EQ(m_stored.props(kAerobic, kDay), "64:64");
     EXPECT_EQ(m_stored.recordCount(kAerobic), 2);
 }
+
+TEST_F(AerobicRecordsTest, DeletingAnExerciseMovesTheLaterOnesDownAsStoredAndEmptiesTheLastSlot) {
+    // Three exercises of different values.
+    for (int slot = 1; slot <= 3; ++slot) {
+        AerobicExercise exercise = exerciseAt(QTime(6 + slot, 5), QTime(7 + slot, 0), QString("Run %1").arg(slot));
+        exercise.distance = 2.5 * slot;
+        exercise.minutes[19] = slot + 4;
+        ASSERT_TRUE(m_records.SaveExercise(kDay, slot, exercise));
+    }
+    ASSERT_TRUE(m_records.DeleteExercise(kDay, 2));
+    // Exercise 3 now stands in slot 2, every value as it was; slot 3 keeps nothing; slot 1 unchanged.
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 801, kText), "Run 3");
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 822, 5).toDouble(), 7.5);
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 821, kI2), 7);
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 1136, kI2), 9);
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 1140, kI2), 55);
+    EXPECT_EQ(m_stored.propCount(kAerobic, kDay, 901, 924), 0);
+    EXPECT_EQ(m_stored.props(kAerobic, kDay, 1134, 1145), "1134:2,1136:2,1138:2,1140:2,1142:31,1144:18");
+    EXPECT_EQ(m_stored.value(kAerobic, kDay, 701, kText), "Run 1");
+    EXPECT_EQ(m_records.ReadDay(kDay)->exerciseCount(), 2);
+
+    // Deleting the last exercise of the day leaves the key alone; a slot outside 1-3 writes nothing.
+    ASSERT_TRUE(m_records.DeleteExercise(kDay, 2));
+    ASSERT_TRUE(m_records.DeleteExercise(kDay, 1));
+    EXPECT_EQ(m_stored.props(kAerobic, kDay), "64:64");
+    EXPECT_FALSE(m_records.DeleteExercise(kDay, 4));
+    EXPECT_FALSE(m_records.DeleteExercise(kDay.addDays(1), 1));
+    EXPECT_EQ(m_boxes.texts(), QStringList({"Error finding number of exercises", "Record not found error"}));
+}
