@@ -1,0 +1,287 @@
+// The aerobic page on the whole program, driven through its controls; the store read back with SQL.
+
+#include "AerobicLogPage.h"
+#include "AerobicRecords.h"
+#include "Clock.h"
+#include "MessageBox.h"
+#include "DateControl.h"
+#include "RatingCombo.h"
+#include "RecordDatabase.h"
+#include "Settings.h"
+#include "ShellPageFactory.h"
+#include "ShellTestSupport.h"
+#include "StoredDays.h"
+#include "TimeControl.h"
+#include "UpDownControl.h"
+#include "resource.h"
+
+#include <QAbstractItemView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+
+namespace {
+constexpr int kI2 = 2, kR8 = 5, kText = 31;
+const QDate kToday(2024, 3, 14);
+const QString kAerobic = QStringLiteral("Kov2Aerobic");
+
+class AerobicLogPageTest : public ShellTest {
+protected:
+    AerobicLogPageTest() { Clock::setFixed(QDateTime(kToday, QTime(9, 41))); }
+    ~AerobicLogPageTest() override { Clock::setFixed(std::nullopt); }
+
+    AerobicLogPage& showPage() {
+        if (!m_screen) {
+            start(false, &m_pages);
+        }
+        main().SelectPage(3);
+        return page();
+    }
+    AerobicLogPage& page() const { return *static_cast<AerobicLogPage*>(m_screen->mainDialog().page(3)); }
+    template <typename T> T* control(int id, const QWidget* on = nullptr) const {
+        auto* found = (on ? on : &page())->findChild<T*>(QStringLiteral("c%1").arg(id));
+        EXPECT_NE(found, nullptr) << "no control " << id;
+        return found;
+    }
+    QPushButton* button(int id) const { return control<QPushButton>(id); }
+    // Taps the field, replaces what it holds with keys and presses Enter, as a person does.
+    static void typeInto(QLineEdit* edit, const QString& keys, bool replace = false) {
+        QTest::mouseClick(edit, Qt::LeftButton, {}, QPoint(4, edit->height() / 2));
+        if (replace) {
+            QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
+        }
+        QTest::keyClicks(edit, keys);
+        QTest::keyClick(edit, Qt::Key_Return);
+    }
+    void typeNumber(int id, const QString& keys) { typeInto(control<QLineEdit>(id), keys, true); }
+    // Writes count exercises into the day, named "Run 1", "Swim 2", "Bike 3" with distances 1.5 a slot.
+    void writeExercises(const QDate& day, int count) {
+        const AerobicRecords records(kAerobic);
+        ASSERT_TRUE(records.EnsureDatabase());
+        ASSERT_NE(records.CreateDay(day), 0u);
+        const char* names[] = {"Run 1", "Swim 2", "Bike 3"};
+        for (int slot = 1; slot <= count; ++slot) {
+            AerobicExercise exercise;
+            exercise.exercise = QString::fromLatin1(names[slot - 1]);
+            exercise.distance = 1.5 * slot;
+            exercise.start = exercise.end = QDateTime(day, QTime(7, 0));
+            exercise.minutes[7] = slot;
+            ASSERT_TRUE(records.SaveExercise(day, slot, exercise));
+        }
+    }
+    StoredDays stored() const { return StoredDays(m_device.paths().objectStore()); }
+
+    ShellPageFactory m_pages;
+};
+} // namespace
+
+TEST_F(AerobicLogPageTest, TypedValuesAreSavedIntoTheShownExerciseOnlyAndRefusedOnesChangeNothing) {
+    writeExercises(kToday, 3);
+    showPage();
+    button(IDC_AEROBIC_FIRSTBUTTON)->click();
+    ASSERT_EQ(control<QComboBox>(IDC_AEROBIC_EXERCISE)->currentText(), "Swim 2");
+    const StoredDays store = stored();
+    const QString slotOne = store.props(kAerobic, kToday, 701, 724) + store.props(kAerobic, kToday, 102, 105);
+    const QString slotThree = store.props(kAerobic, kToday, 901, 924);
+
+    typeNumber(IDC_AEROBIC_DISTANCE, "999.9");
+    typeNumber(IDC_AEROBIC_HEARTRATE, "999");
+    typeInto(control<TimeControl>(IDC_AEROBIC_START), "11:30p");
+    typeInto(control<TimeControl>(IDC_AEROBIC_END), "12:10a");
+    EXPECT_EQ(control<TimeControl>(IDC_AEROBIC_ELAPSED)->text(), "23:20:00");
+    EXPECT_EQ(store.value(kAerobic, kToday, 822, kR8).toDouble(), 999.9);
+    EXPECT_EQ(store.value(kAerobic, kToday, 823, kI2), 999);
+    EXPECT_EQ(store.value(kAerobic, kToday, 1136, kI2), 23);
+    EXPECT_EQ(store.value(kAerobic, kToday, 1138, kI2), 30);
+    EXPECT_EQ(store.value(kAerobic, kToday, 1140, kI2), 1400);
+    // The elapsed time typed moves the end and keeps its seconds.
+    typeInto(control<TimeControl>(IDC_AEROBIC_ELAPSED), "00:45:12");
+    EXPECT_EQ(control<TimeControl>(IDC_AEROBIC_END)->text(), "12:15 AM");
+    EXPECT_EQ(store.value(kAerobic, kToday, 1140, kI2), 45);
+    EXPECT_EQ(store.value(kAerobic, kToday, 1134, kI2), 12);
+
+    // Out of range and not a number: the platform's messages, and nothing changes.
+    typeNumber(IDC_AEROBIC_DISTANCE, "1000");
+    typeNumber(IDC_AEROBIC_HEARTRATE, "1000");
+    typeNumber(IDC_AEROBIC_HEARTRATE, "fast");
+    typeNumber(IDC_AEROBIC_DISTANCE, "-1");
+    EXPECT_EQ(m_boxes.texts(),
+              QStringList({"Please enter a number between 0 and 999.9.", "Please enter an integer between 0 and 999.",
+                           "Please enter an integer.", "Please enter a number between 0 and 999.9."}));
+    EXPECT_EQ(store.value(kAerobic, kToday, 822, kR8).toDouble(), 999.9);
+    EXPECT_EQ(store.value(kAerobic, kToday, 823, kI2), 999);
+
+    // The spins stop at 100 and 250.
+    typeNumber(IDC_AEROBIC_DISTANCE, "100");
+    typeNumber(IDC_AEROBIC_HEARTRATE, "250");
+    QTest::mouseClick(control<UpDownControl>(IDC_AEROBIC_DISTANCESPIN)->upButton(), Qt::LeftButton);
+    QTest::mouseClick(control<UpDownControl>(IDC_AEROBIC_HEARTRATESPIN)->upButton(), Qt::LeftButton);
+    EXPECT_EQ(store.value(kAerobic, kToday, 822, kR8).toDouble(), 100);
+    EXPECT_EQ(store.value(kAerobic, kToday, 823, kI2), 250);
+    QTest::mouseClick(control<UpDownControl>(IDC_AEROBIC_HEARTRATESPIN)->downButton(), Qt::LeftButton);
+    EXPECT_EQ(store.value(kAerobic, kToday, 823, kI2), 249);
+
+    EXPECT_EQ(store.props(kAerobic, kToday, 701, 724) + store.props(kAerobic, kToday, 102, 105), slotOne);
+    EXPECT_EQ(store.props(kAerobic, kToday, 901, 924), slotThree);
+    EXPECT_EQ(store.value(kAerobic, kToday, 922, kR8).toDouble(), 4.5);
+    EXPECT_EQ(store.value(kAerobic, kToday, 722, kR8).toDouble(), 1.5);
+
+    // The day's record gone: the save is refused with its message.
+    m_boxes.clear();
+    RecordDatabase db;
+    ASSERT_TRUE(db.Open(kAerobic));
+    ASSERT_TRUE(db.DeleteRecord(AerobicRecords(kAerobic).FindDay(kToday)));
+    db.Close();
+    typeNumber(IDC_AEROBIC_HEARTRATE, "120");
+    EXPECT_EQ(m_boxes.texts(), QStringList({"Record not found error"}));
+}
+
+TEST_F(AerobicLogPageTest, TheTwoButtonsMoveBetweenAndAddTheDaysExercises) {
+    const QString view = QStringLiteral("Click to view today's exercise: ");
+    struct Step {
+        int button; // 0: none (the day as loaded), 1 or 2
+        int count, shown;
+        QString first, second;
+    };
+    struct Day {
+        int exercises;
+        std::vector<Step> steps;
+    };
+    const Day days[] = {
+        {1,
+         {{0, 1, 1, "Add another ex. today", "Add third ex. for today"},
+          {2, 1, 1, "Add another ex. today", "Add third ex. for today"},
+          {1, 2, 2, view + "1", "Click to add a third ex. today"}}},
+        {2,
+         {{0, 2, 1, view + "2", "Click to add a third ex. today"},
+          {1, 2, 2, view + "1", "Click to add a third ex. today"},
+          {1, 2, 1, view + "2", "Click to add a third ex. today"},
+          {2, 3, 3, view + "1", view + "2"}}},
+        {3,
+         {{0, 3, 1, view + "2", view + "3"},
+          {1, 3, 2, view + "1", view + "3"},
+          {2, 3, 3, view + "1", view + "2"},
+          {1, 3, 1, view + "2", view + "3"},
+          {2, 3, 3, view + "1", view + "2"},
+          {2, 3, 2, view + "1", view + "3"},
+          {1, 3, 1, view + "2", view + "3"}}},
+    };
+    showPage();
+    const QStringList names = {"Run 1", "Swim 2", "Bike 3"};
+    for (const Day& day : days) {
+        const QDate date = kToday.addDays(-day.exercises);
+        writeExercises(date, day.exercises);
+        typeInto(control<DateControl>(IDC_AEROBIC_DATE), date.toString("M/d/yyyy"));
+        for (const Step& step : day.steps) {
+            if (step.button != 0) {
+                QTest::mouseClick(button(step.button == 1 ? IDC_AEROBIC_FIRSTBUTTON : IDC_AEROBIC_SECONDBUTTON),
+                                  Qt::LeftButton);
+            }
+            const QString where = QString("day of %1, after button %2").arg(day.exercises).arg(step.button);
+            EXPECT_EQ(page().exerciseCount(), step.count) << where.toStdString();
+            EXPECT_EQ(page().shownExercise(), step.shown) << where.toStdString();
+            EXPECT_EQ(button(IDC_AEROBIC_FIRSTBUTTON)->text(), step.first) << where.toStdString();
+            EXPECT_EQ(button(IDC_AEROBIC_SECONDBUTTON)->text(), step.second) << where.toStdString();
+            // An added exercise is shown new and written at once; a stored one shows its values.
+            const bool added = step.shown > day.exercises;
+            EXPECT_EQ(control<QComboBox>(IDC_AEROBIC_EXERCISE)->currentText(), added ? "" : names[step.shown - 1]);
+            EXPECT_EQ(stored().propCount(kAerobic, date, 601 + 100 * step.shown, 624 + 100 * step.shown), 24);
+        }
+    }
+    EXPECT_EQ(control<TimeControl>(IDC_AEROBIC_START)->text(), "7:00 AM");
+    EXPECT_TRUE(m_boxes.texts().isEmpty());
+}
+
+TEST_F(AerobicLogPageTest, IntensitiesSaveOnEveryChoiceAndShowBoxOffHidesThemLeavingTheRatings) {
+    writeExercises(kToday, 1);
+    setNumber(Settings::kShowBox, 1);
+    showPage();
+    const StoredDays store = stored();
+    EXPECT_EQ(control<QLabel>(IDC_AEROBIC_LABELS[0])->text(), "Min. 1-8");
+    EXPECT_EQ(control<QLabel>(IDC_AEROBIC_LABELS[1])->text(), "9-16");
+    EXPECT_EQ(control<QLabel>(IDC_AEROBIC_LABELS[2])->text(), "17-20");
+    EXPECT_EQ(control<RatingCombo>(IDC_AEROBIC_MINUTES[7])->currentText(), "1");
+
+    // Minute 1 and minute 20, the first and last boxes, the last and first ratings of their lists.
+    for (const auto& [minute, rating] : {std::pair{0, 10}, std::pair{19, 0}}) {
+        RatingCombo* box = control<RatingCombo>(IDC_AEROBIC_MINUTES[minute]);
+        ASSERT_TRUE(box->isVisible());
+        box->showPopup();
+        QAbstractItemView* list = box->view();
+        ASSERT_TRUE(waitUntil([list] { return list->isVisible(); }));
+        QTest::keyClick(list, rating == 0 ? Qt::Key_Home : Qt::Key_End);
+        QTest::keyClick(list, Qt::Key_Return);
+        EXPECT_EQ(store.value(kAerobic, kToday, 702 + minute, kI2), rating) << minute;
+    }
+    EXPECT_EQ(store.value(kAerobic, kToday, 709, kI2), 1);
+
+    setNumber(Settings::kShowBox, 0);
+    main().SelectPage(0);
+    showPage();
+    for (int id : IDC_AEROBIC_MINUTES) {
+        EXPECT_FALSE(control<QWidget>(id)->isVisible()) << id;
+    }
+    for (int id : IDC_AEROBIC_LABELS) {
+        EXPECT_FALSE(control<QWidget>(id)->isVisible()) << id;
+    }
+    typeNumber(IDC_AEROBIC_HEARTRATE, "130");
+    EXPECT_EQ(store.value(kAerobic, kToday, 702, kI2), 10);
+    EXPECT_EQ(store.value(kAerobic, kToday, 709, kI2), 1);
+    EXPECT_EQ(store.value(kAerobic, kToday, 723, kI2), 130);
+}
+
+TEST_F(AerobicLogPageTest, DelAsksAndMovesTheLaterExerciseIntoTheDeletedOnesPlace) {
+    writeExercises(kToday, 3);
+    showPage();
+    QTest::mouseClick(button(IDC_AEROBIC_FIRSTBUTTON), Qt::LeftButton);
+    m_boxes.queueAnswer(IDCANCEL);
+    QTest::mouseClick(button(IDC_AEROBIC_DELETE), Qt::LeftButton);
+    EXPECT_EQ(stored().value(kAerobic, kToday, 801, kText), "Swim 2");
+
+    QTest::mouseClick(button(IDC_AEROBIC_DELETE), Qt::LeftButton);
+    EXPECT_EQ(m_boxes.texts(), QStringList(2, "OK to delete this aerobic exercise?"));
+    EXPECT_EQ(page().exerciseCount(), 2);
+    EXPECT_EQ(page().shownExercise(), 2);
+    EXPECT_EQ(control<QComboBox>(IDC_AEROBIC_EXERCISE)->currentText(), "Bike 3");
+    EXPECT_EQ(stored().value(kAerobic, kToday, 801, kText), "Bike 3");
+
+    // Deleting the last exercise shows the one before.
+    QTest::mouseClick(button(IDC_AEROBIC_DELETE), Qt::LeftButton);
+    EXPECT_EQ(page().exerciseCount(), 1);
+    EXPECT_EQ(control<QComboBox>(IDC_AEROBIC_EXERCISE)->currentText(), "Run 1");
+}
+
+TEST_F(AerobicLogPageTest, ANewDayIsWrittenOnlyOnItsFirstChangeAndCkDateMovesEveryPage) {
+    showPage();
+    // Today's record holds its key alone until something is entered.
+    EXPECT_EQ(stored().props(kAerobic, kToday), "64:64");
+    EXPECT_EQ(control<TimeControl>(IDC_AEROBIC_START)->text(), "9:41 AM");
+    QStringList exercises;
+    for (int item = 0; item < control<QComboBox>(IDC_AEROBIC_EXERCISE)->count(); ++item) {
+        exercises << control<QComboBox>(IDC_AEROBIC_EXERCISE)->itemText(item);
+    }
+    EXPECT_EQ(exercises, QStringList({"Bike", "Elliptical", "Rowing", "Run", "Swim", "Walk"}));
+    EXPECT_EQ(control<QComboBox>(IDC_AEROBIC_COURSE)->count(), 0);
+    main().SelectPage(0);
+    EXPECT_EQ(stored().props(kAerobic, kToday), "64:64");
+
+    showPage();
+    // "!" takes the clock's time on the shown day.
+    Clock::setFixed(QDateTime(kToday, QTime(10, 26)));
+    QTest::mouseClick(control<QToolButton>(IDC_AEROBIC_ENDNOW), Qt::LeftButton);
+    EXPECT_EQ(control<TimeControl>(IDC_AEROBIC_ELAPSED)->text(), "00:45:00");
+    EXPECT_EQ(stored().value(kAerobic, kToday, 104, kI2), 45);
+    EXPECT_EQ(stored().propCount(kAerobic, kToday), 31);
+
+    // CkDate off: the other pages keep their date; on: they follow.
+    const QDate earlier(2024, 3, 2);
+    typeInto(control<DateControl>(IDC_AEROBIC_DATE), "3/2/2024");
+    EXPECT_EQ(control<DateControl>(IDC_STRENGTH_DATE, main().page(1))->date(), kToday);
+    setNumber(Settings::kCkDate, 1);
+    typeInto(control<DateControl>(IDC_AEROBIC_DATE), "3/1/2024");
+    EXPECT_EQ(control<DateControl>(IDC_STRENGTH_DATE, main().page(1))->date(), earlier.addDays(-1));
+    EXPECT_EQ(page().shownDate(), earlier.addDays(-1));
+    EXPECT_EQ(stored().props(kAerobic, earlier.addDays(-1)), "64:64");
+}
