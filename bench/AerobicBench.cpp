@@ -1,0 +1,204 @@
+// The aerobic records against hand-written SQLite on the ten-year device (default user), on days
+// that hold the generated two exercises:
+//   show_day       what the aerobic page does to show an existing day: FindDay, then ReadDay (the
+//                  whole record read, the three slots' exercises and the day's count)
+//   save_exercise  one change on the page: one slot's thirty properties into the day's record
+// Each through the aerobic records (…_store) and through DirectStore (…_sqlite), the same sequence
+// of days and exercises for both; the ratio store / sqlite must stay at most 2.
+
+#include "AerobicRecords.h"
+#include "BenchDevice.h"
+#include "DayKey.h"
+#include "DirectStore.h"
+#include "RatioRunner.h"
+#include "SeededRandom.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+constexpr double kLimit = 2.0;
+constexpr int kDays = 256;
+constexpr int kJobs = 1024;
+constexpr int kGeneratedExercises = 2;
+constexpr std::uint64_t kSequenceSeed = 20240916;
+
+struct DayJob {
+    QDate day;
+    std::int64_t key;
+};
+
+struct SaveJob {
+    DayJob where;
+    int slot;
+    AerobicExercise exercise;
+    DirectRecord directProps;
+};
+
+struct Workload {
+    QString aerobic;
+    std::vector<DayJob> shows;
+    std::vector<SaveJob> saves;
+};
+
+DayJob dayJob(const QDate& day) {
+    return {day, static_cast<std::int64_t>(fileTimeTicks(DayKey::of(day)))};
+}
+
+// Days to show and saves into their first two slots (so that every day keeps two exercises).
+void makeJobs(const DeviceGenerator& generator, Workload& workload) {
+    static const char* const kNames[] = {"Run", "Bike", "Swim", "Walk", "Rowing"};
+    SeededRandom random(kSequenceSeed);
+    const int span = static_cast<int>(generator.firstDay().daysTo(generator.lastDay()));
+    while (static_cast<int>(workload.shows.size()) < kDays) {
+        const DayJob job = dayJob(generator.firstDay().addDays(random.between(1, span)));
+        if (std::none_of(workload.shows.begin(), workload.shows.end(),
+                         [&job](const DayJob& d) { return d.day == job.day; })) {
+            workload.shows.push_back(job);
+        }
+    }
+    for (int i = 0; i < kJobs; ++i) {
+        const DayJob& where = workload.shows[static_cast<size_t>(random.between(0, kDays - 1))];
+        AerobicExercise exercise;
+        exercise.exercise = QString::fromLatin1(kNames[random.between(0, 4)]);
+        exercise.course = QStringLiteral("Course %1").arg(random.between(1, 9));
+        exercise.distance = random.between(10, 250) / 10.0;
+        exercise.heartRate = random.between(110, 175);
+        exercise.start = QDateTime(where.day, QTime(random.between(5, 20), random.between(0, 59)));
+        exercise.end = exercise.start.addSecs(60 * random.between(15, 90));
+        exercise.elapsedSeconds = random.between(0, 59);
+        exercise.completed = random.between(0, 1) == 1;
+        exercise.notes = QStringLiteral("Note %1").arg(i);
+        for (int& minute : exercise.minutes) {
+            minute = random.between(-1, 10);
+        }
+        const int slot = random.between(1, kGeneratedExercises);
+        const std::optional<AerobicSlot> ids = AerobicSlot::of(slot);
+        workload.saves.push_back({where, slot, exercise, DirectStore::fromRecord(exercise.toRecord(*ids))});
+    }
+}
+
+// The page's view of a day by hand, in one read transaction: the database, the day's record, all
+// its properties.
+bool showDayByHand(DirectStore& direct, const QString& aerobic, std::int64_t key, DirectRecord& props) {
+    if (!direct.beginRead()) {
+        return false;
+    }
+    const CEOID database = direct.databaseId(aerobic);
+    const CEOID record = database == 0 ? 0 : direct.seekFirstEqual(database, key);
+    const bool read = record != 0 && direct.readRecord(record, props);
+    return direct.endRead() && read;
+}
+
+// The exercises a day read by hand holds: the slots whose name is stored.
+int exercisesByHand(const DirectRecord& props) {
+    return static_cast<int>(std::count_if(props.begin(), props.end(), [](const DirectProp& prop) {
+        const WORD number = HIWORD(prop.id);
+        return number == 701 || number == 801 || number == 901;
+    }));
+}
+
+void showDayStore(benchmark::State& state, const Workload& workload) {
+    size_t i = 0;
+    const AerobicRecords records(workload.aerobic);
+    for (auto _ : state) {
+        const DayJob& job = workload.shows[i++ % workload.shows.size()];
+        const std::optional<AerobicDay> day = records.FindDay(job.day) != 0 ? records.ReadDay(job.day) : std::nullopt;
+        if (!day || day->exerciseCount() != kGeneratedExercises) {
+            state.SkipWithError("store show failed");
+            break;
+        }
+        benchmark::DoNotOptimize(day);
+    }
+}
+
+void showDaySqlite(benchmark::State& state, const Workload& workload, DirectStore& direct) {
+    size_t i = 0;
+    DirectRecord props;
+    for (auto _ : state) {
+        const DayJob& job = workload.shows[i++ % workload.shows.size()];
+        if (!showDayByHand(direct, workload.aerobic, job.key, props) || exercisesByHand(props) != kGeneratedExercises) {
+            state.SkipWithError("sqlite show failed");
+            break;
+        }
+        benchmark::DoNotOptimize(props);
+    }
+}
+
+void saveExerciseStore(benchmark::State& state, const Workload& workload) {
+    size_t i = 0;
+    const AerobicRecords records(workload.aerobic);
+    for (auto _ : state) {
+        const SaveJob& job = workload.saves[i++ % workload.saves.size()];
+        if (!records.SaveExercise(job.where.day, job.slot, job.exercise)) {
+            state.SkipWithError("store save failed");
+            break;
+        }
+    }
+}
+
+void saveExerciseSqlite(benchmark::State& state, const Workload& workload, DirectStore& direct) {
+    size_t i = 0;
+    for (auto _ : state) {
+        const SaveJob& job = workload.saves[i++ % workload.saves.size()];
+        if (!direct.writeDayProps(workload.aerobic, job.where.key, job.directProps)) {
+            state.SkipWithError("sqlite write failed");
+            break;
+        }
+    }
+}
+
+void registerCases(RatioRunner& runner, const Workload& workload, DirectStore& direct) {
+    benchmark::RegisterBenchmark("show_day_store", showDayStore, std::cref(workload))
+        ->Unit(benchmark::kMicrosecond)
+        ->UseRealTime();
+    benchmark::RegisterBenchmark("show_day_sqlite", showDaySqlite, std::cref(workload), std::ref(direct))
+        ->Unit(benchmark::kMicrosecond)
+        ->UseRealTime();
+    benchmark::RegisterBenchmark("save_exercise_store", saveExerciseStore, std::cref(workload))
+        ->Unit(benchmark::kMicrosecond)
+        ->UseRealTime();
+    benchmark::RegisterBenchmark("save_exercise_sqlite", saveExerciseSqlite, std::cref(workload), std::ref(direct))
+        ->Unit(benchmark::kMicrosecond)
+        ->UseRealTime();
+    using Clock = RatioRunner::Clock;
+    runner.addRatio("show_day", "show_day_store", "show_day_sqlite", Clock::Cpu, kLimit);
+    // One durable commit on each side; see StoreBench's write_group.
+    runner.addRatio("save_exercise", "save_exercise_store", "save_exercise_sqlite", Clock::Cpu, kLimit);
+}
+
+int fail(const QString& text) {
+    std::fprintf(stderr, "AerobicBench: %s\n", qPrintable(text));
+    return 1;
+}
+} // namespace
+
+int main(int argc, char** argv) {
+    RatioRunner runner(argc, argv);
+    BenchDevice device;
+    if (!device.create()) {
+        return fail(device.errorText());
+    }
+    Workload workload;
+    workload.aerobic = DatabaseCatalogue::userDatabaseName(UserDatabase::Aerobic, DeviceGenerator::userName(0));
+    makeJobs(device.generator(), workload);
+    DirectStore direct(device.objectStorePath());
+    if (!direct.open()) {
+        return fail(direct.errorText());
+    }
+    // Both ways see the same days: two exercises each.
+    const AerobicRecords records(workload.aerobic);
+    for (int i = 0; i < 16; ++i) {
+        const DayJob& job = workload.shows[static_cast<size_t>(i)];
+        const std::optional<AerobicDay> day = records.ReadDay(job.day);
+        DirectRecord props;
+        if (!day || !showDayByHand(direct, workload.aerobic, job.key, props) ||
+            exercisesByHand(props) != kGeneratedExercises || day->exerciseCount() != kGeneratedExercises) {
+            return fail(QStringLiteral("The aerobic records and the baseline read different days."));
+        }
+    }
+    registerCases(runner, workload, direct);
+    return runner.run();
+}
