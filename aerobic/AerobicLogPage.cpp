@@ -175,7 +175,7 @@ void AerobicLogPage::placeControls() {
     }
     for (int minute = 0; minute < AerobicSlot::kMinutes; ++minute) {
         const int row = minute / kBoxesPerRow;
-        m_minutes[minute]->setGeometry(44 + (minute % kBoxesPerRow) * kBoxWidth, y + row * kBoxRow, kBoxWidth,
+        m_minutes[minute]->setGeometry(46 + (minute % kBoxesPerRow) * kBoxWidth, y + row * kBoxRow, kBoxWidth,
                                        kBoxRow - 1);
     }
     y += 3 * kBoxRow;

@@ -1,18 +1,20 @@
 #include "ScreenshotTour.h"
 
+#include "CalendarPopup.h"
 #include "CeDatabase.h"
 #include "Clock.h"
 #include "CommandBar.h"
-#include "CalendarPopup.h"
 #include "ConfirmDialog.h"
 #include "DateControl.h"
-#include "DeviceMessageBoxPresenter.h"
 #include "DeviceCombo.h"
+#include "DeviceMessageBoxPresenter.h"
 #include "DevicePaths.h"
 #include "KovalinApp.h"
 #include "MainDialog.h"
 #include "NumberEdit.h"
+#include "RegistryHelper.h"
 #include "SetGrid.h"
+#include "Settings.h"
 #include "StartupDialog.h"
 #include "StrengthRecords.h"
 #include "TimeControl.h"
@@ -24,13 +26,13 @@
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDir>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTemporaryDir>
@@ -188,6 +190,7 @@ void ScreenshotTour::tourPages() {
     });
     screen.findChild<QAction*>(QStringLiteral("cmd%1").arg(ID_MENU_OPTIONS))->trigger();
     tourStrength();
+    tourAerobic();
     QApplication::quit();
 }
 
@@ -262,6 +265,35 @@ void ScreenshotTour::tourControls() {
     whenUp(QStringLiteral("DeviceMessageBox"), QStringLiteral("range-message.png"));
     command(ID_GRID_SAVE);
     command(ID_GRID_CANCEL);
+}
+
+void ScreenshotTour::tourAerobic() {
+    MainDialog& main = m_app->screen().mainDialog();
+    RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, Settings::kShowBox, 1);
+    main.SelectPage(3);
+    QWidget* page = main.page(3);
+    auto button = [page](int id) { return page->findChild<QPushButton*>(QStringLiteral("c%1").arg(id)); };
+    // The generated day has two exercises; the second button adds the third.
+    if (button(IDC_AEROBIC_FIRSTBUTTON)->text() == QStringLiteral("Add another ex. today")) {
+        button(IDC_AEROBIC_FIRSTBUTTON)->click();
+    }
+    button(IDC_AEROBIC_SECONDBUTTON)->click();
+    QApplication::processEvents();
+    save(grabScreen(), QStringLiteral("aerobic-exercise-3.png"));
+    button(IDC_AEROBIC_FIRSTBUTTON)->click();
+    QApplication::processEvents();
+    save(grabScreen(), QStringLiteral("aerobic-exercise-1.png"));
+    button(IDC_AEROBIC_FIRSTBUTTON)->click();
+    QApplication::processEvents();
+    save(grabScreen(), QStringLiteral("aerobic-exercise-2.png"));
+    whenUp(QStringLiteral("DeviceMessageBox"), QStringLiteral("aerobic-delete-question.png"));
+    button(IDC_AEROBIC_DELETE)->click();
+    RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, Settings::kShowBox, 0);
+    main.SelectPage(0);
+    main.SelectPage(3);
+    QApplication::processEvents();
+    save(grabScreen(), QStringLiteral("aerobic-boxes-hidden.png"));
+    main.SelectPage(0);
 }
 
 void ScreenshotTour::tapStart(QWidget* target) {

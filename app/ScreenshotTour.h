@@ -30,6 +30,9 @@ private:
     void tourStrength();
     // The device controls while typing, the calendar pop-up and a refused number.
     void tourControls();
+    // The aerobic page: a day of three exercises, each shown, the intensity boxes shown and hidden,
+    // and the delete question.
+    void tourAerobic();
     // A tap on the first field of target, and keys typed into it as a person types them.
     static void tapStart(QWidget* target);
     static void type(QWidget* target, const QString& text, int key = 0);
