@@ -105,15 +105,25 @@ TEST_F(RecordDatabaseTest, WalksRecordsInDateOrderWhateverTheOrderTheyWereWritte
     EXPECT_EQ(db.SeekNext(), 0u);
 }
 
-TEST_F(RecordDatabaseTest, SeekNextRightAfterOpeningStartsAtTheFirstRecord) {
+TEST_F(RecordDatabaseTest, SeekNextStartsAtTheFirstRecordAndGoesOnAfterADeletedCurrentOne) {
     RecordDatabase db;
     ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
-    const CEOID later = db.Write(dayRecord(QDate(2001, 1, 2), "b"), 0);
-    const CEOID earlier = db.Write(dayRecord(QDate(2001, 1, 1), "a"), 0);
+    const CEOID d = db.Write(dayRecord(QDate(2001, 1, 4), "d"), 0);
+    const CEOID b = db.Write(dayRecord(QDate(2001, 1, 2), "b"), 0);
+    const CEOID a = db.Write(dayRecord(QDate(2001, 1, 1), "a"), 0);
+    const CEOID c = db.Write(dayRecord(QDate(2001, 1, 3), "c"), 0);
     db.Close();
     ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
-    EXPECT_EQ(db.SeekNext(), earlier);
-    EXPECT_EQ(db.SeekNext(), later);
+    EXPECT_EQ(db.SeekNext(), a);
+    EXPECT_EQ(db.SeekNext(), b);
+    EXPECT_EQ(db.SeekNext(), c);
+    // A walk that deletes as it goes: the deleted record's place is kept.
+    ASSERT_TRUE(db.DeleteRecord(c));
+    EXPECT_EQ(db.CurrentRecordId(), 0u);
+    EXPECT_EQ(db.SeekNext(), d);
+    ASSERT_TRUE(db.DeleteRecord(d));
+    EXPECT_EQ(db.SeekNext(), 0u);
+    EXPECT_EQ(db.SeekFirst(), a);
 }
 
 TEST_F(RecordDatabaseTest, DeletesRecordsAndWholeDatabases) {
