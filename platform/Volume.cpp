@@ -152,7 +152,10 @@ DWORD inspectReadOnly(const QString& path, Volume::Role role, VolumeFormat::Kind
         // later is still an error.
         VolumeFormat::Depth depth = VolumeFormat::Depth::Full;
         if (role == Volume::Role::ObjectStore) {
-            depth = VolumeFormat::wasClosedCleanly(db) ? VolumeFormat::Depth::Structure : VolumeFormat::Depth::Quick;
+            // A log beside the file means the last session did not end with an unmount (which folds
+            // the log in and removes it), or that the log came from elsewhere.
+            const bool clean = !hasLog && VolumeFormat::wasClosedCleanly(db);
+            depth = clean ? VolumeFormat::Depth::Structure : VolumeFormat::Depth::Quick;
         }
         error = VolumeFormat::inspect(db, depth, kind);
     }
