@@ -95,13 +95,15 @@ DWORD DevicePaths::claim() const {
     if (QFileInfo::exists(objectStore())) {
         return ERROR_SUCCESS;
     }
-    // A lock left by a start that ended before the store was made does not make the folder someone's.
-    const QString lock = QFileInfo(lockFile()).fileName();
+    // A folder holding nothing but what a device holds (its lock, its three folders) is a device
+    // whose store is gone or was never made: one whose start failed, or whose store its owner removed.
+    const QStringList own = {QFileInfo(lockFile()).fileName(), QFileInfo(myDocuments()).fileName(),
+                             QFileInfo(windowsFolder()).fileName(), QStringLiteral("Program Files")};
     const QStringList entries =
         QDir(m_root).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    const bool empty =
-        std::all_of(entries.begin(), entries.end(), [&lock](const QString& entry) { return entry == lock; });
-    if (!empty) {
+    const bool device =
+        std::all_of(entries.begin(), entries.end(), [&own](const QString& entry) { return own.contains(entry); });
+    if (!device) {
         return ERROR_DIR_NOT_EMPTY;
     }
     return root.isWritable() ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;

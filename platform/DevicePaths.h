@@ -18,9 +18,10 @@ public:
     explicit DevicePaths(QString root);
 
     // Makes the folder a device for the program: created (0700, with any missing parent) when
-    // missing, adopted when empty, used as it is when it holds objectstore.db. ERROR_DIR_NOT_EMPTY
-    // for a folder that holds other things and no object store (it is never filled), ERROR_DIRECTORY
-    // when the path is not a folder, else the error met creating it (ERROR_ACCESS_DENIED, ERROR_DISK_FULL).
+    // missing, adopted when empty (or holding only a device's own lock and folders), used as it is
+    // when it holds objectstore.db. ERROR_DIR_NOT_EMPTY for a folder that holds anything else and no
+    // object store (it is never filled), ERROR_DIRECTORY when the path is not a folder, else the
+    // error met creating it (ERROR_ACCESS_DENIED, ERROR_DISK_FULL).
     DWORD claim() const;
     // Creates the three sub-folders (0700) when missing; done once the object store is mounted, so
     // that a start that fails leaves an empty folder empty.
