@@ -133,7 +133,7 @@ void walkDatabase(const CEGUID& guid, CEOID oid) {
     }
 }
 
-void walkVolume(const CEGUID& guid) {
+void walkVolume(CEGUID guid) {
     std::vector<CEOID> databases;
     HANDLE find = CeFindFirstDatabaseEx(&guid, 0);
     for (CEOID oid = CeFindNextDatabaseEx(find, &guid); oid != 0 && databases.size() < kMaxDatabases;
