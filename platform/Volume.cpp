@@ -126,25 +126,54 @@ DWORD checkMode(const QFileInfo& file, DWORD mode) {
 // checkpoints, with the shared-memory file (when there is one) opened read-only too. Without a
 // write-ahead log the file alone is the volume, and it is read as immutable: no lock, and no -wal
 // or -shm is made. With a log, SQLite needs a -shm; one it makes is removed again.
-DWORD inspectReadOnly(const QString& path, Volume::Role role, VolumeFormat::Kind* kind) {
-    const bool hasLog =
-        QFileInfo(path + QStringLiteral("-wal")).size() > 0 || QFileInfo::exists(path + QStringLiteral("-journal"));
-    const bool hasShm = QFileInfo::exists(path + QStringLiteral("-shm"));
-    const std::vector<QString> before = existingCompanions(path);
-    QByteArray uri = "file:" + QUrl::toPercentEncoding(QString::fromLocal8Bit(QFile::encodeName(path)), "/");
-    uri += !hasLog ? "?immutable=1" : hasShm ? "?mode=ro&readonly_shm=1" : "?mode=ro";
+sqlite3* openReadOnly(const QString& path, const char* parameters, DWORD* error) {
+    const QByteArray uri =
+        "file:" + QUrl::toPercentEncoding(QString::fromLocal8Bit(QFile::encodeName(path)), "/") + parameters;
     sqlite3* db = nullptr;
-    int result =
+    const int result =
         sqlite3_open_v2(uri.constData(), &db,
                         SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
-    DWORD error = ERROR_SUCCESS;
     if (result == SQLITE_OK) {
         sqlite3_db_config(db, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
-        error = VolumeFormat::harden(db);
+        *error = VolumeFormat::harden(db);
     } else {
-        error = SqlStatement::errorFor(result, sqlite3_system_errno(db));
+        *error = SqlStatement::errorFor(result, sqlite3_system_errno(db));
     }
-    if (error == ERROR_SUCCESS) {
+    if (*error != ERROR_SUCCESS) {
+        sqlite3_close_v2(db);
+        return nullptr;
+    }
+    return db;
+}
+
+// Whether a log belongs to the file it lies beside: the volume's identity as the file alone holds
+// it must be the one seen through the log. A log from another volume can otherwise form a whole,
+// valid volume of its own, and replace this one's pages at the next checkpoint. A file that does
+// not hold its identity yet (its first pages are still in the log) cannot be told either way.
+bool logBelongs(const QString& path, sqlite3* throughLog) {
+    DWORD error = ERROR_SUCCESS;
+    sqlite3* fileAlone = openReadOnly(path, "?immutable=1", &error);
+    const QByteArray own = fileAlone != nullptr ? VolumeFormat::identity(fileAlone) : QByteArray();
+    sqlite3_close_v2(fileAlone);
+    return own.isEmpty() || VolumeFormat::identity(throughLog) == own;
+}
+
+// Looks at an existing file without any means of changing it: a read-only connection that never
+// checkpoints, with the shared-memory file (when there is one) opened read-only too. Without a
+// write-ahead log the file alone is the volume, and it is read as immutable: no lock, and no -wal
+// or -shm is made. With a log, SQLite needs a -shm; one it makes is removed again.
+DWORD inspectReadOnly(const QString& path, Volume::Role role, VolumeFormat::Kind* kind) {
+    const bool hasWal = QFileInfo(path + QStringLiteral("-wal")).size() > 0;
+    const bool hasLog = hasWal || QFileInfo::exists(path + QStringLiteral("-journal"));
+    const bool hasShm = QFileInfo::exists(path + QStringLiteral("-shm"));
+    const std::vector<QString> before = existingCompanions(path);
+    DWORD error = ERROR_SUCCESS;
+    sqlite3* db = openReadOnly(path,
+                               !hasLog  ? "?immutable=1"
+                               : hasShm ? "?mode=ro&readonly_shm=1"
+                                        : "?mode=ro",
+                               &error);
+    if (db != nullptr) {
         // A volume file may come from anywhere: it gets SQLite's full check. The object store is
         // mounted at every start and is ours: reading every page of years of logs each time would
         // dominate the start, so its pages are checked (the quick check) only when the last session
@@ -158,6 +187,9 @@ DWORD inspectReadOnly(const QString& path, Volume::Role role, VolumeFormat::Kind
             depth = clean ? VolumeFormat::Depth::Structure : VolumeFormat::Depth::Quick;
         }
         error = VolumeFormat::inspect(db, depth, kind);
+        if (error == ERROR_SUCCESS && *kind == VolumeFormat::Kind::Volume && hasWal && !logBelongs(path, db)) {
+            *kind = VolumeFormat::Kind::NotAVolume;
+        }
     }
     sqlite3_close_v2(db);
     removeCompanionsBut(path, before);

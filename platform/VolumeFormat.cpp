@@ -257,6 +257,8 @@ DWORD VolumeFormat::complete(sqlite3* db, bool blank, bool withRegistry) {
                  "PRAGMA user_version = " + std::to_string(kUserVersion) + ";" + kSchema;
     }
     script += kAdditions;
+    // The identity tells the volume's own write-ahead log from one that comes from elsewhere.
+    script += "INSERT INTO meta (name, value) VALUES ('volume_id', randomblob(16)) ON CONFLICT (name) DO NOTHING;";
     if (withRegistry) {
         script += kRegistrySchema;
     }
@@ -285,6 +287,15 @@ DWORD VolumeFormat::inspect(sqlite3* db, Depth depth, Kind* kind) {
     default:
         return ERROR_SUCCESS;
     }
+}
+
+QByteArray VolumeFormat::identity(sqlite3* db) {
+    SqlStatement statement(db, "SELECT value FROM meta WHERE name = 'volume_id' AND typeof(value) = 'blob'");
+    if (!statement.isValid() || statement.step() != SQLITE_ROW) {
+        return {};
+    }
+    return QByteArray(static_cast<const char*>(sqlite3_column_blob(statement.handle(), 0)),
+                      sqlite3_column_bytes(statement.handle(), 0));
 }
 
 bool VolumeFormat::wasClosedCleanly(sqlite3* db) {

@@ -4,6 +4,8 @@
 
 #include "WinTypes.h"
 
+#include <QByteArray>
+
 #include <sqlite3.h>
 
 class VolumeFormat {
@@ -27,6 +29,9 @@ public:
     // set, or the error met while reading (a fault of the disk, no permission): a file that could
     // not be read is not judged.
     static DWORD inspect(sqlite3* db, Depth depth, Kind* kind);
+    // The volume's identity, given once when it is first accepted; empty when it has none yet or it
+    // cannot be read.
+    static QByteArray identity(sqlite3* db);
     // Whether the last mount of this volume ended with an unmount (false when it is not known).
     static bool wasClosedCleanly(sqlite3* db);
 

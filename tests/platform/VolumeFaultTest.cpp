@@ -63,7 +63,7 @@ protected:
 } // namespace
 
 TEST_F(VolumeFaultTest, AStoreRefusedForALogFromElsewhereIsLeftByteForByte) {
-    // The store, unmounted cleanly; a log taken from another store while that one was mounted.
+    // The store, unmounted cleanly.
     const QString store = path("objectstore.db");
     ASSERT_TRUE(CeMountObjectStore(store));
     CEGUID system;
@@ -72,30 +72,36 @@ TEST_F(VolumeFaultTest, AStoreRefusedForALogFromElsewhereIsLeftByteForByte) {
         createLog(system, QStringLiteral("Log%1").arg(i));
     }
     CeUnmountObjectStore();
-    // The other store has a history: its log holds only the pages of its last writes, which
-    // refer to pages of its own file.
-    const QString other = path("other.kov");
-    CEGUID guid = mount(other, CREATE_NEW);
-    for (int i = 0; i < 40; ++i) {
-        createLog(guid, QStringLiteral("Other%1").arg(i));
-    }
-    CeUnmountDBVol(&guid);
-    guid = mount(other, OPEN_EXISTING);
-    for (int i = 0; i < 40; i += 7) {
-        createLog(guid, QStringLiteral("More%1").arg(i));
-    }
-    VolumeFiles::writeFile(store + "-wal", VolumeFiles::readFile(other + "-wal"));
-    CeUnmountDBVol(&guid);
+    // Logs taken from other volumes while they were mounted: one with a history, whose log holds
+    // only its last writes (pages that refer to pages of its own file), and a new one, whose log
+    // holds the whole of it, a valid volume on its own.
+    for (bool history : {true, false}) {
+        SCOPED_TRACE(history ? "a log of last writes" : "a log of a whole volume");
+        const QString other = path(history ? "old.kov" : "new.kov");
+        CEGUID guid = mount(other, CREATE_NEW);
+        for (int i = 0; history && i < 40; ++i) {
+            createLog(guid, QStringLiteral("Other%1").arg(i));
+        }
+        if (history) {
+            CeUnmountDBVol(&guid);
+            guid = mount(other, OPEN_EXISTING);
+        }
+        for (int i = 0; i < 40; i += 7) {
+            createLog(guid, QStringLiteral("More%1").arg(i));
+        }
+        VolumeFiles::writeFile(store + "-wal", VolumeFiles::readFile(other + "-wal"));
+        CeUnmountDBVol(&guid);
 
-    const QList<QByteArray> before = VolumeFiles::withCompanions(store);
-    EXPECT_FALSE(CeMountObjectStore(store));
-    EXPECT_EQ(GetLastError(), ERROR_BADDB);
-    EXPECT_EQ(VolumeFiles::withCompanions(store), before);
-    // The same file offered as a backup to restore.
-    CEGUID restore;
-    EXPECT_FALSE(CeMountDBVol(&restore, store, OPEN_EXISTING));
-    EXPECT_EQ(GetLastError(), ERROR_BADDB);
-    EXPECT_EQ(VolumeFiles::withCompanions(store), before);
+        const QList<QByteArray> before = VolumeFiles::withCompanions(store);
+        EXPECT_FALSE(CeMountObjectStore(store));
+        EXPECT_EQ(GetLastError(), ERROR_BADDB);
+        EXPECT_EQ(VolumeFiles::withCompanions(store), before);
+        // The same file offered as a backup to restore.
+        CEGUID restore;
+        EXPECT_FALSE(CeMountDBVol(&restore, store, OPEN_EXISTING));
+        EXPECT_EQ(GetLastError(), ERROR_BADDB);
+        EXPECT_EQ(VolumeFiles::withCompanions(store), before);
+    }
     EXPECT_EQ(ErrorMessage::forPath(store, ERROR_BADDB),
               store + " is damaged or is not a Kovalin store; it has been left as it was (error 1009).");
 }
