@@ -75,19 +75,23 @@ DWORD SqlStatement::errorFor(int sqliteResult) {
 }
 
 DWORD SqlStatement::errorFor(int sqliteResult, int systemError) {
-    const int primary = sqliteResult & 0xFF;
-    if (primary == SQLITE_IOERR || primary == SQLITE_CANTOPEN || primary == SQLITE_FULL || primary == SQLITE_READONLY) {
-        switch (systemError) {
-        case ENOSPC:
-        case EDQUOT:
-            return ERROR_DISK_FULL;
-        case EACCES:
-        case EPERM:
-        case EROFS:
-            return ERROR_ACCESS_DENIED;
-        default:
-            break;
-        }
+    return refine(errorFor(sqliteResult), systemError);
+}
+
+DWORD SqlStatement::refine(DWORD error, int systemError) {
+    if (error != ERROR_WRITE_FAULT && error != ERROR_READ_FAULT && error != ERROR_PATH_NOT_FOUND &&
+        error != ERROR_ACCESS_DENIED && error != ERROR_DISK_FULL) {
+        return error;
     }
-    return errorFor(sqliteResult);
+    switch (systemError) {
+    case ENOSPC:
+    case EDQUOT:
+        return ERROR_DISK_FULL;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return ERROR_ACCESS_DENIED;
+    default:
+        return error;
+    }
 }

@@ -44,6 +44,8 @@ public:
     // full disk shows as an I/O error of the shared-memory file, a read-only folder as one that
     // cannot be opened.
     static DWORD errorFor(int sqliteResult, int systemError);
+    // An error of the disk (a fault, no permission, no room) told more exactly by errno.
+    static DWORD refine(DWORD error, int systemError);
 
     class Scope {
     public:

@@ -100,6 +100,7 @@ sqlite3* openConnection(const QString& path, DWORD* error) {
         *error = VolumeFormat::configure(db);
     }
     if (*error != ERROR_SUCCESS) {
+        *error = SqlStatement::refine(*error, sqlite3_system_errno(db));
         sqlite3_close_v2(db);
         return nullptr;
     }
@@ -262,7 +263,14 @@ DWORD Volume::accept(bool blank) {
         return error;
     });
     m_accepted = error == ERROR_SUCCESS;
-    return error;
+    if (!m_accepted) {
+        // Refused after all: closing must not fold a log that was there into the file.
+        sqlite3_db_config(m_db, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+        // A full disk shows as an I/O error of the -shm, a folder that cannot be written as a -wal
+        // that cannot be opened: errno tells.
+        return SqlStatement::refine(error, sqlite3_system_errno(m_db));
+    }
+    return VolumeFormat::useWriteAheadLog(m_db);
 }
 
 Volume::Volume(sqlite3* db, QString path, Role role) : m_db(db), m_path(std::move(path)), m_role(role) {}

@@ -234,6 +234,10 @@ DWORD VolumeFormat::harden(sqlite3* db) {
 }
 
 DWORD VolumeFormat::configure(sqlite3* db) {
+    return exec(db, "PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON;");
+}
+
+DWORD VolumeFormat::useWriteAheadLog(sqlite3* db) {
     SqlStatement journal(db, "PRAGMA journal_mode = WAL");
     if (!journal.isValid()) {
         return SqlStatement::errorFor(journal.prepareResult(), sqlite3_system_errno(db));
@@ -243,11 +247,7 @@ DWORD VolumeFormat::configure(sqlite3* db) {
         return SqlStatement::errorFor(result, sqlite3_system_errno(db));
     }
     const auto* mode = reinterpret_cast<const char*>(sqlite3_column_text(journal.handle(), 0));
-    if (mode == nullptr || sqlite3_stricmp(mode, "wal") != 0) {
-        return ERROR_ACCESS_DENIED;
-    }
-    journal.reset();
-    return exec(db, "PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON;");
+    return mode != nullptr && sqlite3_stricmp(mode, "wal") == 0 ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
 }
 
 DWORD VolumeFormat::complete(sqlite3* db, bool blank, bool withRegistry) {

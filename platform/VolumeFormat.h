@@ -35,8 +35,12 @@ public:
     // Whether the last mount of this volume ended with an unmount (false when it is not known).
     static bool wasClosedCleanly(sqlite3* db);
 
-    // The journal and durability settings every writing connection gets, before its first write.
+    // The durability settings every writing connection gets, before its first write.
     static DWORD configure(sqlite3* db);
+    // Puts the volume in WAL mode, once it is accepted: a volume in another journal mode (made by
+    // hand) is accepted in its own mode, so that a refusal at that point rolls back to the file as
+    // it was, and changes mode only then.
+    static DWORD useWriteAheadLog(sqlite3* db);
     // Inside the transaction that accepts a volume: writes the whole schema into a blank file
     // (blank), or adds the tables and indexes that a hand-made volume may lack. withRegistry: the
     // object store's registry tables.
