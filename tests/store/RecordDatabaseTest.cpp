@@ -65,46 +65,6 @@ TEST_F(RecordDatabaseTest, FirstSaveOfADayAddsItsRecordAndTheSecondReplacesIt) {
     EXPECT_EQ(noteOfDay(day), "second");
 }
 
-TEST_F(RecordDatabaseTest, AWriteReplacesOnlyTheNamedPropertiesAndCanRemoveOne) {
-    const QDate day(2010, 1, 1);
-    RecordDatabase db;
-    ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
-    DbRecord record = dayRecord(day, "note");
-    record.append(DbProp::i2(102, 7));
-    record.append(DbProp::r8(108, 102.5));
-    const CEOID oid = db.Write(record, 0);
-
-    DbRecord change;
-    change.append(DbProp::i2(102, 9));
-    change.append(DbProp::deletion(108, CEVT_R8));
-    ASSERT_EQ(db.Write(change, oid), oid);
-
-    ASSERT_EQ(db.SeekFirstEqual(DayKey::prop(day)), oid);
-    DbRecord read;
-    ASSERT_TRUE(db.ReadCurrent(read));
-    ASSERT_EQ(read.size(), 3);
-    EXPECT_EQ(read.find(102)->toInt(), 9);
-    EXPECT_EQ(read.find(102)->type(), CEVT_I2);
-    EXPECT_EQ(read.find(1132)->toText(), "note");
-    EXPECT_EQ(read.find(108), nullptr);
-}
-
-TEST_F(RecordDatabaseTest, WalksRecordsInDateOrderWhateverTheOrderTheyWereWritten) {
-    RecordDatabase db;
-    ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
-    for (const QDate day : {QDate(2005, 6, 2), QDate(1999, 12, 31), QDate(2005, 6, 1)}) {
-        db.Write(dayRecord(day, day.toString(Qt::ISODate)), 0);
-    }
-    QStringList seen;
-    for (CEOID oid = db.SeekFirst(); oid != 0; oid = db.SeekNext()) {
-        DbRecord record;
-        ASSERT_TRUE(db.ReadCurrent(record));
-        seen << record.find(1132)->toText();
-    }
-    EXPECT_EQ(seen, QStringList({"1999-12-31", "2005-06-01", "2005-06-02"}));
-    EXPECT_EQ(db.SeekNext(), 0u);
-}
-
 TEST_F(RecordDatabaseTest, SeekNextStartsAtTheFirstRecordAndGoesOnAfterADeletedCurrentOne) {
     RecordDatabase db;
     ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
