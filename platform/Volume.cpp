@@ -123,10 +123,7 @@ DWORD checkMode(const QFileInfo& file, DWORD mode) {
     return ERROR_SUCCESS;
 }
 
-// Looks at an existing file without any means of changing it: a read-only connection that never
-// checkpoints, with the shared-memory file (when there is one) opened read-only too. Without a
-// write-ahead log the file alone is the volume, and it is read as immutable: no lock, and no -wal
-// or -shm is made. With a log, SQLite needs a -shm; one it makes is removed again.
+// A read-only connection with the URI parameters given, that never checkpoints.
 sqlite3* openReadOnly(const QString& path, const char* parameters, DWORD* error) {
     const QByteArray uri =
         "file:" + QUrl::toPercentEncoding(QString::fromLocal8Bit(QFile::encodeName(path)), "/") + parameters;
@@ -147,16 +144,21 @@ sqlite3* openReadOnly(const QString& path, const char* parameters, DWORD* error)
     return db;
 }
 
-// Whether a log belongs to the file it lies beside: the volume's identity as the file alone holds
-// it must be the one seen through the log. A log from another volume can otherwise form a whole,
-// valid volume of its own, and replace this one's pages at the next checkpoint. A file that does
-// not hold its identity yet (its first pages are still in the log) cannot be told either way.
-bool logBelongs(const QString& path, sqlite3* throughLog) {
+enum class LogOwner { File, Elsewhere, Unknown };
+
+// Whose log lies beside the file: the volume's identity as the file alone holds it must be the one
+// seen through the log. A log from another volume can otherwise form a whole, valid volume of its
+// own, and replace this one's pages at the next checkpoint. A file that does not hold its identity
+// yet (its first pages are still in the log, or it was made before volumes had one) cannot be told.
+LogOwner ownerOfLog(const QString& path, sqlite3* throughLog) {
     DWORD error = ERROR_SUCCESS;
     sqlite3* fileAlone = openReadOnly(path, "?immutable=1", &error);
     const QByteArray own = fileAlone != nullptr ? VolumeFormat::identity(fileAlone) : QByteArray();
     sqlite3_close_v2(fileAlone);
-    return own.isEmpty() || VolumeFormat::identity(throughLog) == own;
+    if (own.isEmpty()) {
+        return LogOwner::Unknown;
+    }
+    return VolumeFormat::identity(throughLog) == own ? LogOwner::File : LogOwner::Elsewhere;
 }
 
 // Looks at an existing file without any means of changing it: a read-only connection that never
@@ -180,15 +182,15 @@ DWORD inspectReadOnly(const QString& path, Volume::Role role, VolumeFormat::Kind
         // dominate the start, so its pages are checked (the quick check) only when the last session
         // did not unmount it; otherwise its structure and catalogue are checked, and damage met
         // later is still an error.
+        const LogOwner owner = hasWal ? ownerOfLog(path, db) : LogOwner::File;
         VolumeFormat::Depth depth = VolumeFormat::Depth::Full;
         if (role == Volume::Role::ObjectStore) {
-            // A log beside the file means the last session did not end with an unmount (which folds
-            // the log in and removes it), or that the log came from elsewhere.
-            const bool clean = !hasLog && VolumeFormat::wasClosedCleanly(db);
+            // A log that cannot be told to be the file's own gets the page check too.
+            const bool clean = owner == LogOwner::File && VolumeFormat::wasClosedCleanly(db);
             depth = clean ? VolumeFormat::Depth::Structure : VolumeFormat::Depth::Quick;
         }
         error = VolumeFormat::inspect(db, depth, kind);
-        if (error == ERROR_SUCCESS && *kind == VolumeFormat::Kind::Volume && hasWal && !logBelongs(path, db)) {
+        if (owner == LogOwner::Elsewhere) {
             *kind = VolumeFormat::Kind::NotAVolume;
         }
     }
