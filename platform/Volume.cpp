@@ -236,7 +236,13 @@ std::unique_ptr<Volume> Volume::mount(const QString& path, DWORD mode, Role role
     std::unique_ptr<Volume> volume;
     if (db != nullptr) {
         volume.reset(new Volume(db, QFileInfo(path).canonicalFilePath(), role));
-        *error = volume->accept(blank);
+        // A file this mount made has nothing to keep: it goes into WAL mode first, so that a kill
+        // during its creation leaves a log that is simply not replayed, never a hot rollback
+        // journal that a read-only look could not roll back.
+        *error = made ? VolumeFormat::useWriteAheadLog(db) : ERROR_SUCCESS;
+        if (*error == ERROR_SUCCESS) {
+            *error = volume->accept(blank);
+        }
     }
     if (*error != ERROR_SUCCESS) {
         volume.reset();
