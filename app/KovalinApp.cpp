@@ -3,6 +3,7 @@
 #include "MainDialog.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QPalette>
 #include <QStyleFactory>
 
@@ -31,4 +32,10 @@ int KovalinApp::run() {
     m_screen.show();
     m_screen.start();
     return QApplication::exec();
+}
+
+void KovalinApp::end() {
+    // Closing the screen is what Exit and the window's close button do.
+    m_screen.close();
+    QCoreApplication::exit(0);
 }

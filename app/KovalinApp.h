@@ -19,6 +19,9 @@ public:
     DeviceScreen& screen() { return m_screen; }
     // Shows the screen, starts the main dialog and runs until it ends; the process's exit code.
     int run();
+    // Ends the program as Exit does (the shown page saved), leaving every event loop, a modal
+    // dialog's too: run() then returns 0.
+    void end();
 
 private:
     TapAndHold m_tapAndHold;

@@ -1,8 +1,10 @@
 #pragma once
-// One running Kovalin per device: a lock file in the device folder, and a local server named after
-// the device through which a second start asks the running one to come to the front.
+// One running Kovalin per device: a lock file in the device folder, held with flock() so that the
+// system lets it go when the process ends however it ends, and a local server named after the
+// device through which a second start asks the running one to come to the front.
 
-#include <QLockFile>
+#include "WinTypes.h"
+
 #include <QObject>
 
 class QLocalServer;
@@ -13,9 +15,12 @@ public:
     explicit SingleInstance(const QString& deviceFolder, QObject* parent = nullptr);
     ~SingleInstance() override;
 
-    // Takes the device: true when no other Kovalin runs on it. Stale locks of dead processes are
-    // taken over.
+    // Takes the device: true when no other Kovalin runs on it. A lock file left by a process that
+    // died is taken over. On false, error() tells why.
     bool acquire();
+    // ERROR_SHARING_VIOLATION when another Kovalin holds the device; otherwise the error of making
+    // the lock file (ERROR_ACCESS_DENIED for a folder that cannot be written, ERROR_DISK_FULL).
+    DWORD error() const { return m_error; }
     // Asks the Kovalin that holds the device to come to the front; false when it cannot be reached.
     bool activateRunning();
 
@@ -28,8 +33,10 @@ signals:
 
 private:
     void onConnection();
+    DWORD lock();
 
     QString m_deviceFolder;
-    QLockFile m_lock;
+    int m_lock = -1;
+    DWORD m_error = ERROR_SUCCESS;
     QLocalServer* m_server = nullptr;
 };

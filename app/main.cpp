@@ -6,16 +6,20 @@
 #include "DeviceFonts.h"
 #include "DeviceMessageBoxPresenter.h"
 #include "DevicePaths.h"
+#include "ErrorMessage.h"
 #include "KovalinApp.h"
 #include "QuitOnFirstPaint.h"
 #include "ScreenshotTour.h"
 #include "SingleInstance.h"
+#include "TerminationSignals.h"
 
 #include <QApplication>
 #include <QMessageBox>
 
 #include <cstdio>
 #include <memory>
+
+#include <sys/stat.h>
 
 namespace {
 // A failure before the device screen is up: told on standard error and in a desktop message box.
@@ -26,12 +30,20 @@ int fail(const QString& text) {
 }
 
 int runOnDevice(const CommandLine& line) {
+    // From here on a signal to end is taken once the event loop runs: a start it interrupts goes on
+    // to the screen and ends there as Exit does, with the store unmounted and the lock released.
+    TerminationSignals termination;
+    // Before the screen is up, a signal ends whatever loop runs (a message box telling a failure).
+    QObject::connect(&termination, &TerminationSignals::received, &termination, [] { QCoreApplication::exit(0); });
     const DevicePaths paths(DevicePaths::resolve(line.device));
-    if (!paths.ensureCreated()) {
-        return fail(QStringLiteral("The device folder %1 cannot be created.").arg(paths.root()));
+    if (const DWORD error = paths.claim(); error != ERROR_SUCCESS) {
+        return fail(ErrorMessage::forPath(paths.root(), error));
     }
     SingleInstance instance(paths.root());
     if (!instance.acquire()) {
+        if (instance.error() != ERROR_SHARING_VIOLATION) {
+            return fail(ErrorMessage::forPath(paths.root(), instance.error()));
+        }
         const QString text = QStringLiteral("Kovalin is already running on this device.");
         std::fprintf(stderr, "kovalin: %s (%s)\n", qPrintable(text), qPrintable(paths.root()));
         if (!instance.activateRunning()) {
@@ -41,15 +53,19 @@ int runOnDevice(const CommandLine& line) {
     }
     DevicePaths::setCurrent(paths);
     if (!CeMountObjectStore(paths.objectStore())) {
-        return fail(QStringLiteral("The device's object store %1 cannot be opened (error %2).")
-                        .arg(paths.objectStore())
-                        .arg(GetLastError()));
+        return fail(ErrorMessage::forPath(paths.objectStore(), GetLastError()));
+    }
+    // The folders come after the store, so that a start refused before leaves an empty folder empty.
+    if (const DWORD error = paths.createFolders(); error != ERROR_SUCCESS) {
+        CeUnmountObjectStore();
+        return fail(ErrorMessage::forPath(paths.root(), error));
     }
     int code = 0;
     {
         DeviceMessageBoxPresenter presenter;
         KovalinApp app;
         DeviceScreen& screen = app.screen();
+        QObject::connect(&termination, &TerminationSignals::received, &screen, [&app] { app.end(); });
         QObject::connect(&instance, &SingleInstance::activationRequested, &screen, [&screen] {
             screen.showNormal();
             screen.raise();
@@ -67,6 +83,8 @@ int runOnDevice(const CommandLine& line) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    // Every file and folder the program makes is its user's alone, whatever umask it was started with.
+    ::umask(077);
     QStringList arguments;
     for (int i = 0; i < argc; ++i) {
         arguments.append(QString::fromLocal8Bit(argv[i]));

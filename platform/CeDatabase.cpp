@@ -7,7 +7,6 @@
 #include "DatabaseFind.h"
 #include "DatabaseHandle.h"
 #include "HandleTable.h"
-#include "RegistryStore.h"
 #include "Volume.h"
 #include "VolumeTable.h"
 
@@ -90,9 +89,6 @@ BOOL CeMountObjectStore(const QString& path) {
     DWORD error = ERROR_SUCCESS;
     std::unique_ptr<Volume> volume = Volume::mount(path, OPEN_ALWAYS, Volume::Role::ObjectStore, &error);
     if (volume != nullptr) {
-        error = RegistryStore(*volume).adoptKeysOfValues();
-    }
-    if (error == ERROR_SUCCESS) {
         table.add(std::move(volume));
     }
     return finish(error);

@@ -4,23 +4,54 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <algorithm>
+#include <cerrno>
 #include <optional>
 
-namespace {
-constexpr QFile::Permissions kOwnerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+#include <sys/stat.h>
 
+namespace {
 std::optional<DevicePaths>& currentPaths() {
     static std::optional<DevicePaths> paths;
     return paths;
 }
 
-// Creates folder, readable by its owner only, unless it is there already.
-bool ensureFolder(const QString& folder) {
-    if (QFileInfo(folder).isDir()) {
-        return true;
+DWORD errorOfErrno(int error) {
+    switch (error) {
+    case ENOSPC:
+    case EDQUOT:
+        return ERROR_DISK_FULL;
+    case ENOTDIR:
+        return ERROR_DIRECTORY;
+    case EIO:
+        return ERROR_WRITE_FAULT;
+    default:
+        return ERROR_ACCESS_DENIED;
     }
-    const QString parent = QFileInfo(folder).absolutePath();
-    return QDir().mkpath(parent) && QDir().mkdir(folder, kOwnerOnly);
+}
+
+// Creates folder, and any missing folder above it, readable by its owner only whatever the umask,
+// unless it is there already.
+DWORD ensureFolder(const QString& folder) {
+    const QFileInfo info(folder);
+    if (info.isDir()) {
+        return ERROR_SUCCESS;
+    }
+    if (info.exists() || info.isSymLink()) {
+        return ERROR_DIRECTORY;
+    }
+    const QString parent = info.absolutePath();
+    if (parent != folder) {
+        const DWORD error = ensureFolder(parent);
+        if (error != ERROR_SUCCESS) {
+            return error;
+        }
+    }
+    const QByteArray name = QFile::encodeName(folder);
+    if (::mkdir(name.constData(), 0700) != 0 && errno != EEXIST) {
+        return errorOfErrno(errno);
+    }
+    return ::chmod(name.constData(), 0700) == 0 ? ERROR_SUCCESS : errorOfErrno(errno);
 }
 
 // The entry of folder named name; the device's file system ignores case, so an entry that differs
@@ -53,13 +84,47 @@ QString DevicePaths::resolve(const QString& option) {
 
 DevicePaths::DevicePaths(QString root) : m_root(std::move(root)) {}
 
-bool DevicePaths::ensureCreated() const {
-    return ensureFolder(m_root) && ensureFolder(myDocuments()) && ensureFolder(windowsFolder()) &&
-           ensureFolder(m_root + QStringLiteral("/Program Files")) && ensureFolder(programFolder());
+DWORD DevicePaths::claim() const {
+    const QFileInfo root(m_root);
+    if (!root.exists()) {
+        return ensureFolder(m_root);
+    }
+    if (!root.isDir()) {
+        return ERROR_DIRECTORY;
+    }
+    if (QFileInfo::exists(objectStore())) {
+        return ERROR_SUCCESS;
+    }
+    // A folder holding nothing but what a device holds (its lock, its three folders) is a device
+    // whose store is gone or was never made: one whose start failed, or whose store its owner removed.
+    const QStringList own = {QFileInfo(lockFile()).fileName(), QFileInfo(myDocuments()).fileName(),
+                             QFileInfo(windowsFolder()).fileName(), QStringLiteral("Program Files")};
+    const QStringList entries =
+        QDir(m_root).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    const bool device =
+        std::all_of(entries.begin(), entries.end(), [&own](const QString& entry) { return own.contains(entry); });
+    if (!device) {
+        return ERROR_DIR_NOT_EMPTY;
+    }
+    return root.isWritable() ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
+}
+
+DWORD DevicePaths::createFolders() const {
+    for (const QString& folder : {myDocuments(), windowsFolder(), programFolder()}) {
+        const DWORD error = ensureFolder(folder);
+        if (error != ERROR_SUCCESS) {
+            return error;
+        }
+    }
+    return ERROR_SUCCESS;
 }
 
 QString DevicePaths::objectStore() const {
     return m_root + QStringLiteral("/objectstore.db");
+}
+
+QString DevicePaths::lockFile() const {
+    return m_root + QStringLiteral("/kovalin.lock");
 }
 
 QString DevicePaths::myDocuments() const {

@@ -5,6 +5,8 @@
 //   \Windows\               <device>/Windows/
 //   the program's folder    <device>/Program Files/Kovalin/
 
+#include "WinTypes.h"
+
 #include <QString>
 
 class DevicePaths {
@@ -15,11 +17,22 @@ public:
 
     explicit DevicePaths(QString root);
 
-    // Creates the device folder (mode 0700) and its three sub-folders when missing.
-    bool ensureCreated() const;
+    // Makes the folder a device for the program: created (0700, with any missing parent) when
+    // missing, adopted when empty (or holding only a device's own lock and folders), used as it is
+    // when it holds objectstore.db. ERROR_DIR_NOT_EMPTY for a folder that holds anything else and no
+    // object store (it is never filled), ERROR_DIRECTORY when the path is not a folder, else the
+    // error met creating it (ERROR_ACCESS_DENIED, ERROR_DISK_FULL).
+    DWORD claim() const;
+    // Creates the three sub-folders (0700) when missing; done once the object store is mounted, so
+    // that a start that fails leaves an empty folder empty.
+    DWORD createFolders() const;
+    // Both: a device ready to use.
+    bool ensureCreated() const { return claim() == ERROR_SUCCESS && createFolders() == ERROR_SUCCESS; }
 
     QString root() const { return m_root; }
     QString objectStore() const;
+    // The lock that a running Kovalin holds on the device.
+    QString lockFile() const;
     QString myDocuments() const;
     QString windowsFolder() const;
     QString programFolder() const;

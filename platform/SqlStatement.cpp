@@ -1,5 +1,7 @@
 #include "SqlStatement.h"
 
+#include <cerrno>
+
 SqlStatement::SqlStatement(sqlite3* db, const char* sql) {
     m_prepareResult = sqlite3_prepare_v3(db, sql, -1, SQLITE_PREPARE_PERSISTENT, &m_stmt, nullptr);
     if (m_prepareResult != SQLITE_OK) {
@@ -58,7 +60,8 @@ DWORD SqlStatement::errorFor(int sqliteResult) {
     case SQLITE_CANTOPEN:
         return ERROR_PATH_NOT_FOUND;
     case SQLITE_IOERR:
-        return ERROR_WRITE_FAULT;
+        return sqliteResult == SQLITE_IOERR_READ || sqliteResult == SQLITE_IOERR_SHORT_READ ? ERROR_READ_FAULT
+                                                                                            : ERROR_WRITE_FAULT;
     case SQLITE_CONSTRAINT:
     case SQLITE_MISMATCH:
     case SQLITE_RANGE:
@@ -68,5 +71,27 @@ DWORD SqlStatement::errorFor(int sqliteResult) {
         // SQLITE_CORRUPT, SQLITE_NOTADB, SQLITE_SCHEMA, SQLITE_ERROR and the like: the volume is
         // not what it should be.
         return ERROR_BADDB;
+    }
+}
+
+DWORD SqlStatement::errorFor(int sqliteResult, int systemError) {
+    return refine(errorFor(sqliteResult), systemError);
+}
+
+DWORD SqlStatement::refine(DWORD error, int systemError) {
+    if (error != ERROR_WRITE_FAULT && error != ERROR_READ_FAULT && error != ERROR_PATH_NOT_FOUND &&
+        error != ERROR_ACCESS_DENIED && error != ERROR_DISK_FULL) {
+        return error;
+    }
+    switch (systemError) {
+    case ENOSPC:
+    case EDQUOT:
+        return ERROR_DISK_FULL;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return ERROR_ACCESS_DENIED;
+    default:
+        return error;
     }
 }

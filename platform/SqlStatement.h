@@ -40,6 +40,12 @@ public:
 
     // The platform's error code for an SQLite result code.
     static DWORD errorFor(int sqliteResult);
+    // The same, told more exactly by the system's errno of the failure (sqlite3_system_errno): a
+    // full disk shows as an I/O error of the shared-memory file, a read-only folder as one that
+    // cannot be opened.
+    static DWORD errorFor(int sqliteResult, int systemError);
+    // An error of the disk (a fault, no permission, no room) told more exactly by errno.
+    static DWORD refine(DWORD error, int systemError);
 
     class Scope {
     public:

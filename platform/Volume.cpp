@@ -1,13 +1,21 @@
 #include "Volume.h"
 
 #include "CeDatabase.h"
+#include "RegistryStore.h"
 #include "VolumeFormat.h"
 #include "VolumeHandle.h"
 
 #include <QFile>
 #include <QFileInfo>
+#include <QUrl>
 
+#include <algorithm>
+#include <cerrno>
 #include <vector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 const char* const kBegin = "BEGIN IMMEDIATE";
@@ -35,13 +43,64 @@ bool removeVolumeFiles(const QString& path) {
     return !QFileInfo::exists(path) || QFile::remove(path);
 }
 
-sqlite3* openConnection(const QString& path, bool create, DWORD* error) {
-    const int flags =
-        SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE | (create ? SQLITE_OPEN_CREATE : 0);
+// The companions that exist now, so that those a failed mount made can be removed again.
+std::vector<QString> existingCompanions(const QString& path) {
+    std::vector<QString> found;
+    for (const char* suffix : kCompanions) {
+        if (QFileInfo::exists(path + QLatin1String(suffix))) {
+            found.push_back(path + QLatin1String(suffix));
+        }
+    }
+    return found;
+}
+
+void removeCompanionsBut(const QString& path, const std::vector<QString>& keep) {
+    for (const char* suffix : kCompanions) {
+        const QString companion = path + QLatin1String(suffix);
+        if (std::find(keep.begin(), keep.end(), companion) == keep.end()) {
+            QFile::remove(companion);
+        }
+    }
+}
+
+DWORD errorOfErrno(int error) {
+    switch (error) {
+    case ENOSPC:
+    case EDQUOT:
+        return ERROR_DISK_FULL;
+    case ENOENT:
+    case ENOTDIR:
+        return ERROR_PATH_NOT_FOUND;
+    case EIO:
+        return ERROR_WRITE_FAULT;
+    default:
+        return ERROR_ACCESS_DENIED;
+    }
+}
+
+// Makes the new volume file, readable by its owner only whatever the umask: SQLite gives its
+// -wal and -shm the mode of the file they belong to.
+DWORD createPrivateFile(const QString& path) {
+    const int fd = ::open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (fd < 0) {
+        return errorOfErrno(errno);
+    }
+    const bool privateMode = ::fchmod(fd, 0600) == 0;
+    const int error = errno;
+    ::close(fd);
+    return privateMode ? ERROR_SUCCESS : errorOfErrno(error);
+}
+
+sqlite3* openConnection(const QString& path, DWORD* error) {
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
     sqlite3* db = nullptr;
     const int result = sqlite3_open_v2(QFile::encodeName(path).constData(), &db, flags, nullptr);
-    *error = result == SQLITE_OK ? VolumeFormat::harden(db) : SqlStatement::errorFor(result);
+    *error = result == SQLITE_OK ? VolumeFormat::harden(db) : SqlStatement::errorFor(result, sqlite3_system_errno(db));
+    if (*error == ERROR_SUCCESS) {
+        *error = VolumeFormat::configure(db);
+    }
     if (*error != ERROR_SUCCESS) {
+        *error = SqlStatement::refine(*error, sqlite3_system_errno(db));
         sqlite3_close_v2(db);
         return nullptr;
     }
@@ -64,29 +123,81 @@ DWORD checkMode(const QFileInfo& file, DWORD mode) {
     return ERROR_SUCCESS;
 }
 
-// Opens an existing file and tells whether it is a volume (false: blank, to be formatted).
-// nullptr with *error set when it is neither.
-sqlite3* openExisting(const QString& path, DWORD mode, Volume::Role role, bool* blank, DWORD* error) {
-    sqlite3* db = openConnection(path, false, error);
-    if (db == nullptr) {
-        return nullptr;
+// A read-only connection with the URI parameters given, that never checkpoints.
+sqlite3* openReadOnly(const QString& path, const char* parameters, DWORD* error) {
+    const QByteArray uri =
+        "file:" + QUrl::toPercentEncoding(QString::fromLocal8Bit(QFile::encodeName(path)), "/") + parameters;
+    sqlite3* db = nullptr;
+    const int result =
+        sqlite3_open_v2(uri.constData(), &db,
+                        SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    if (result == SQLITE_OK) {
+        sqlite3_db_config(db, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+        *error = VolumeFormat::harden(db);
+    } else {
+        *error = SqlStatement::errorFor(result, sqlite3_system_errno(db));
     }
-    // A volume file may come from anywhere: it gets SQLite's full check. The object store is mounted
-    // at every start and is ours: reading every page of years of logs each time would dominate the
-    // start, so its pages are checked (the quick check) only when the last session did not unmount
-    // it; otherwise its structure and catalogue are checked, and damage met later is still an error.
-    VolumeFormat::Depth depth = VolumeFormat::Depth::Full;
-    if (role == Volume::Role::ObjectStore) {
-        depth = VolumeFormat::wasClosedCleanly(db) ? VolumeFormat::Depth::Structure : VolumeFormat::Depth::Quick;
-    }
-    const VolumeFormat::Kind kind = VolumeFormat::inspect(db, depth);
-    *blank = kind == VolumeFormat::Kind::Blank;
-    if (kind == VolumeFormat::Kind::NotAVolume || (*blank && mode == OPEN_EXISTING)) {
+    if (*error != ERROR_SUCCESS) {
         sqlite3_close_v2(db);
-        *error = ERROR_BADDB;
         return nullptr;
     }
     return db;
+}
+
+enum class LogOwner { File, Elsewhere, Unknown };
+
+// Whose log lies beside the file: the volume's identity as the file alone holds it must be the one
+// seen through the log. A log from another volume can otherwise form a whole, valid volume of its
+// own, and replace this one's pages at the next checkpoint. A file that does not hold its identity
+// yet (its first pages are still in the log, or it was made before volumes had one) cannot be told.
+LogOwner ownerOfLog(const QString& path, sqlite3* throughLog) {
+    DWORD error = ERROR_SUCCESS;
+    sqlite3* fileAlone = openReadOnly(path, "?immutable=1", &error);
+    const QByteArray own = fileAlone != nullptr ? VolumeFormat::identity(fileAlone) : QByteArray();
+    sqlite3_close_v2(fileAlone);
+    if (own.isEmpty()) {
+        return LogOwner::Unknown;
+    }
+    return VolumeFormat::identity(throughLog) == own ? LogOwner::File : LogOwner::Elsewhere;
+}
+
+// Looks at an existing file without any means of changing it: a read-only connection that never
+// checkpoints, with the shared-memory file (when there is one) opened read-only too. Without a
+// write-ahead log the file alone is the volume, and it is read as immutable: no lock, and no -wal
+// or -shm is made. With a log, SQLite needs a -shm; one it makes is removed again.
+DWORD inspectReadOnly(const QString& path, Volume::Role role, VolumeFormat::Kind* kind) {
+    const bool hasWal = QFileInfo(path + QStringLiteral("-wal")).size() > 0;
+    const bool hasLog = hasWal || QFileInfo::exists(path + QStringLiteral("-journal"));
+    const bool hasShm = QFileInfo::exists(path + QStringLiteral("-shm"));
+    const std::vector<QString> before = existingCompanions(path);
+    DWORD error = ERROR_SUCCESS;
+    sqlite3* db = openReadOnly(path,
+                               !hasLog  ? "?immutable=1"
+                               : hasShm ? "?mode=ro&readonly_shm=1"
+                                        : "?mode=ro",
+                               &error);
+    if (db != nullptr) {
+        // A volume file may come from anywhere: it gets SQLite's full check. The object store is
+        // mounted at every start and is ours: reading every page of years of logs each time would
+        // dominate the start, so its pages are checked (the quick check) only when the last session
+        // did not unmount it; otherwise its structure and catalogue are checked, and damage met
+        // later is still an error.
+        const LogOwner owner = hasWal ? ownerOfLog(path, db) : LogOwner::File;
+        VolumeFormat::Depth depth = VolumeFormat::Depth::Full;
+        if (role == Volume::Role::ObjectStore) {
+            // A log that cannot be told to be the file's own gets the page check too.
+            const bool clean = owner == LogOwner::File && VolumeFormat::wasClosedCleanly(db);
+            depth = clean ? VolumeFormat::Depth::Structure : VolumeFormat::Depth::Quick;
+        }
+        error = VolumeFormat::inspect(db, depth, kind);
+        if (owner == LogOwner::Elsewhere) {
+            *kind = VolumeFormat::Kind::NotAVolume;
+        }
+    }
+    sqlite3_close_v2(db);
+    removeCompanionsBut(path, before);
+    // Nothing could be read: the file is not readable, whatever the cause.
+    return error == ERROR_ACCESS_DENIED ? ERROR_READ_FAULT : error;
 }
 } // namespace
 
@@ -97,28 +208,77 @@ std::unique_ptr<Volume> Volume::mount(const QString& path, DWORD mode, Role role
         return nullptr;
     }
     const bool existed = file.exists();
-    bool fresh = !existed || mode == CREATE_ALWAYS || (mode == OPEN_ALWAYS && isEmptyFile(path));
-    if (fresh && existed && !removeVolumeFiles(path)) {
-        *error = ERROR_ACCESS_DENIED;
-        return nullptr;
+    bool blank = !existed || mode == CREATE_ALWAYS || (mode == OPEN_ALWAYS && isEmptyFile(path));
+    bool made = blank; // the file is (re)made by this mount, and goes again if the mount fails
+    if (!blank) {
+        VolumeFormat::Kind kind = VolumeFormat::Kind::NotAVolume;
+        *error = inspectReadOnly(path, role, &kind);
+        if (*error == ERROR_SUCCESS &&
+            (kind == VolumeFormat::Kind::NotAVolume || (kind == VolumeFormat::Kind::Blank && mode == OPEN_EXISTING))) {
+            *error = ERROR_BADDB;
+        }
+        if (*error != ERROR_SUCCESS) {
+            return nullptr;
+        }
+        blank = kind == VolumeFormat::Kind::Blank;
+    } else {
+        if (existed && !removeVolumeFiles(path)) {
+            *error = ERROR_ACCESS_DENIED;
+            return nullptr;
+        }
+        *error = createPrivateFile(path);
+        if (*error != ERROR_SUCCESS) {
+            return nullptr;
+        }
     }
-    sqlite3* db = fresh ? openConnection(path, true, error) : openExisting(path, mode, role, &fresh, error);
-    if (db == nullptr) {
-        return nullptr;
-    }
-    const bool withRegistry = role == Role::ObjectStore;
-    *error = fresh ? VolumeFormat::create(db, withRegistry) : VolumeFormat::prepare(db, withRegistry);
-    if (*error == ERROR_SUCCESS && role == Role::ObjectStore) {
-        *error = VolumeFormat::markInUse(db, true);
+    const std::vector<QString> companions = existingCompanions(path);
+    sqlite3* db = openConnection(path, error);
+    std::unique_ptr<Volume> volume;
+    if (db != nullptr) {
+        volume.reset(new Volume(db, QFileInfo(path).canonicalFilePath(), role));
+        // A file this mount made has nothing to keep: it goes into WAL mode first, so that a kill
+        // during its creation leaves a log that is simply not replayed, never a hot rollback
+        // journal that a read-only look could not roll back.
+        *error = made ? VolumeFormat::useWriteAheadLog(db) : ERROR_SUCCESS;
+        if (*error == ERROR_SUCCESS) {
+            *error = volume->accept(blank);
+        }
     }
     if (*error != ERROR_SUCCESS) {
-        sqlite3_close_v2(db);
-        if (!existed) {
+        volume.reset();
+        if (made) {
             removeVolumeFiles(path);
+        } else {
+            removeCompanionsBut(path, companions);
         }
         return nullptr;
     }
-    return std::unique_ptr<Volume>(new Volume(db, QFileInfo(path).canonicalFilePath(), role));
+    return volume;
+}
+
+DWORD Volume::accept(bool blank) {
+    // One transaction: a volume is taken whole (its schema completed, the registry's keys adopted,
+    // the mount recorded) or the file is left as it was.
+    const bool objectStore = m_role == Role::ObjectStore;
+    const DWORD error = transaction([&] {
+        DWORD error = VolumeFormat::complete(m_db, blank, objectStore);
+        if (error == ERROR_SUCCESS && objectStore) {
+            error = RegistryStore(*this).adoptKeysOfValues();
+        }
+        if (error == ERROR_SUCCESS && objectStore) {
+            error = VolumeFormat::markInUse(m_db, true);
+        }
+        return error;
+    });
+    m_accepted = error == ERROR_SUCCESS;
+    if (!m_accepted) {
+        // Refused after all: closing must not fold a log that was there into the file.
+        sqlite3_db_config(m_db, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+        // A full disk shows as an I/O error of the -shm, a folder that cannot be written as a -wal
+        // that cannot be opened: errno tells.
+        return SqlStatement::refine(error, sqlite3_system_errno(m_db));
+    }
+    return VolumeFormat::useWriteAheadLog(m_db);
 }
 
 Volume::Volume(sqlite3* db, QString path, Role role) : m_db(db), m_path(std::move(path)), m_role(role) {}
@@ -131,7 +291,7 @@ Volume::~Volume() {
     }
     releaseRead();
     m_statements.clear();
-    if (m_role == Role::ObjectStore) {
+    if (m_accepted && m_role == Role::ObjectStore) {
         VolumeFormat::markInUse(m_db, false);
     }
     sqlite3_close_v2(m_db);

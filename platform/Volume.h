@@ -22,7 +22,9 @@ public:
     enum class Role { ObjectStore, File };
 
     // Mounts the file at path in a CeMountDBVol mode (CREATE_NEW ... OPEN_ALWAYS). On refusal
-    // returns nullptr with *error set; a file that is there but is not a volume is left untouched.
+    // returns nullptr with *error set: ERROR_BADDB for a file that is not a volume or is damaged,
+    // the error of the disk for one that could not be read or written. A file that is refused is
+    // left byte for byte as it was, with its companions; a file the mount made is removed again.
     static std::unique_ptr<Volume> mount(const QString& path, DWORD mode, Role role, DWORD* error);
     ~Volume();
     Volume(const Volume&) = delete;
@@ -86,6 +88,8 @@ public:
 
 private:
     Volume(sqlite3* db, QString path, Role role);
+    // Completes a volume that passed inspection (blank: writes its schema) and takes it in use.
+    DWORD accept(bool blank);
     DWORD begin();
     DWORD commit();
     void rollback();
@@ -94,6 +98,8 @@ private:
     sqlite3* m_db;
     QString m_path;
     Role m_role;
+    // Set once accept() committed: only an accepted volume is ever written to, even at unmount.
+    bool m_accepted = false;
     std::unordered_map<const char*, std::unique_ptr<SqlStatement>> m_statements;
     std::unordered_set<VolumeHandle*> m_handles;
     // Counts the transactions begun, so that each is told from the one before.

@@ -201,6 +201,25 @@ bool passesCheck(sqlite3* db, VolumeFormat::Depth depth) {
     const auto* verdict = reinterpret_cast<const char*>(sqlite3_column_text(statement.handle(), 0));
     return verdict != nullptr && std::strcmp(verdict, "ok") == 0;
 }
+
+VolumeFormat::Kind judge(sqlite3* db, VolumeFormat::Depth depth) {
+    using Kind = VolumeFormat::Kind;
+    std::int64_t applicationId = 0;
+    std::int64_t userVersion = 0;
+    std::int64_t objects = 0;
+    if (!queryInt(db, "PRAGMA application_id", &applicationId) || !queryInt(db, "PRAGMA user_version", &userVersion) ||
+        !queryInt(db, "SELECT count(*) FROM sqlite_schema", &objects)) {
+        return Kind::NotAVolume;
+    }
+    if (applicationId == 0 && userVersion == 0 && objects == 0) {
+        return passesCheck(db, VolumeFormat::Depth::Full) ? Kind::Blank : Kind::NotAVolume;
+    }
+    if (applicationId != VolumeFormat::kApplicationId || userVersion != VolumeFormat::kUserVersion ||
+        !passesCheck(db, depth) || !hasTables(db) || !hasValidCatalogue(db) || !hasValidObjectIds(db)) {
+        return Kind::NotAVolume;
+    }
+    return Kind::Volume;
+}
 } // namespace
 
 DWORD VolumeFormat::harden(sqlite3* db) {
@@ -214,39 +233,69 @@ DWORD VolumeFormat::harden(sqlite3* db) {
     return result != SQLITE_OK ? SqlStatement::errorFor(result) : exec(db, "PRAGMA cell_size_check = ON");
 }
 
-DWORD VolumeFormat::create(sqlite3* db, bool withRegistry) {
-    // WAL first, so that the schema is written in one transaction: a volume is there whole or not.
-    DWORD error = prepare(db, false);
-    if (error != ERROR_SUCCESS) {
-        return error;
-    }
-    const std::string script = std::string("BEGIN IMMEDIATE;") +
-                               "PRAGMA application_id = " + std::to_string(kApplicationId) + ";" +
-                               "PRAGMA user_version = " + std::to_string(kUserVersion) + ";" + kSchema + kAdditions +
-                               (withRegistry ? kRegistrySchema : "") + "COMMIT;";
-    error = exec(db, script.c_str());
-    if (error != ERROR_SUCCESS) {
-        exec(db, "ROLLBACK");
-    }
-    return error;
+DWORD VolumeFormat::configure(sqlite3* db) {
+    return exec(db, "PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON;");
 }
 
-VolumeFormat::Kind VolumeFormat::inspect(sqlite3* db, Depth depth) {
-    std::int64_t applicationId = 0;
-    std::int64_t userVersion = 0;
-    std::int64_t objects = 0;
-    if (!queryInt(db, "PRAGMA application_id", &applicationId) || !queryInt(db, "PRAGMA user_version", &userVersion) ||
-        !queryInt(db, "SELECT count(*) FROM sqlite_schema", &objects)) {
-        return Kind::NotAVolume;
+DWORD VolumeFormat::useWriteAheadLog(sqlite3* db) {
+    SqlStatement journal(db, "PRAGMA journal_mode = WAL");
+    if (!journal.isValid()) {
+        return SqlStatement::errorFor(journal.prepareResult(), sqlite3_system_errno(db));
     }
-    if (applicationId == 0 && userVersion == 0 && objects == 0) {
-        return passesCheck(db, Depth::Full) ? Kind::Blank : Kind::NotAVolume;
+    const int result = journal.step();
+    if (result != SQLITE_ROW) {
+        return SqlStatement::errorFor(result, sqlite3_system_errno(db));
     }
-    if (applicationId != kApplicationId || userVersion != kUserVersion || !passesCheck(db, depth) || !hasTables(db) ||
-        !hasValidCatalogue(db) || !hasValidObjectIds(db)) {
-        return Kind::NotAVolume;
+    const auto* mode = reinterpret_cast<const char*>(sqlite3_column_text(journal.handle(), 0));
+    return mode != nullptr && sqlite3_stricmp(mode, "wal") == 0 ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
+}
+
+DWORD VolumeFormat::complete(sqlite3* db, bool blank, bool withRegistry) {
+    std::string script;
+    if (blank) {
+        script = "PRAGMA application_id = " + std::to_string(kApplicationId) + ";" +
+                 "PRAGMA user_version = " + std::to_string(kUserVersion) + ";" + kSchema;
     }
-    return Kind::Volume;
+    script += kAdditions;
+    // The identity tells the volume's own write-ahead log from one that comes from elsewhere.
+    script += "INSERT INTO meta (name, value) VALUES ('volume_id', randomblob(16)) ON CONFLICT (name) DO NOTHING;";
+    if (withRegistry) {
+        script += kRegistrySchema;
+    }
+    return exec(db, script.c_str());
+}
+
+DWORD VolumeFormat::inspect(sqlite3* db, Depth depth, Kind* kind) {
+    *kind = judge(db, depth);
+    if (*kind != Kind::NotAVolume) {
+        return ERROR_SUCCESS;
+    }
+    // Every check stops at its first failed statement, so the connection's error is that statement's
+    // (SQLITE_OK when the file was read and found wanting). Only damage and a foreign format are a
+    // verdict on the file; a read that failed says nothing about it.
+    const int result = sqlite3_extended_errcode(db);
+    switch (result & 0xFF) {
+    case SQLITE_IOERR:
+    case SQLITE_CANTOPEN:
+    case SQLITE_FULL:
+    case SQLITE_NOMEM:
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+    case SQLITE_PERM:
+    case SQLITE_READONLY:
+        return SqlStatement::errorFor(result, sqlite3_system_errno(db));
+    default:
+        return ERROR_SUCCESS;
+    }
+}
+
+QByteArray VolumeFormat::identity(sqlite3* db) {
+    SqlStatement statement(db, "SELECT value FROM meta WHERE name = 'volume_id' AND typeof(value) = 'blob'");
+    if (!statement.isValid() || statement.step() != SQLITE_ROW) {
+        return {};
+    }
+    return QByteArray(static_cast<const char*>(sqlite3_column_blob(statement.handle(), 0)),
+                      sqlite3_column_bytes(statement.handle(), 0));
 }
 
 bool VolumeFormat::wasClosedCleanly(sqlite3* db) {
@@ -258,29 +307,4 @@ DWORD VolumeFormat::markInUse(sqlite3* db, bool inUse) {
     return exec(db, inUse ? "INSERT INTO meta (name, value) VALUES ('in_use', 1) "
                             "ON CONFLICT (name) DO UPDATE SET value = excluded.value"
                           : "UPDATE meta SET value = 0 WHERE name = 'in_use'");
-}
-
-DWORD VolumeFormat::prepare(sqlite3* db, bool withRegistry) {
-    SqlStatement journal(db, "PRAGMA journal_mode = WAL");
-    if (!journal.isValid()) {
-        return SqlStatement::errorFor(journal.prepareResult());
-    }
-    const int result = journal.step();
-    if (result != SQLITE_ROW) {
-        return SqlStatement::errorFor(result);
-    }
-    const auto* mode = reinterpret_cast<const char*>(sqlite3_column_text(journal.handle(), 0));
-    if (mode == nullptr || sqlite3_stricmp(mode, "wal") != 0) {
-        return ERROR_ACCESS_DENIED;
-    }
-    journal.reset();
-    DWORD error = exec(db, "PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON;");
-    if (error == ERROR_SUCCESS) {
-        std::int64_t tables = 0;
-        if (queryInt(db, "SELECT count(*) FROM sqlite_schema WHERE name = 'databases'", &tables) && tables == 1) {
-            const std::string additions = std::string(kAdditions) + (withRegistry ? kRegistrySchema : "");
-            error = exec(db, additions.c_str());
-        }
-    }
-    return error;
 }

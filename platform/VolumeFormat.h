@@ -4,6 +4,8 @@
 
 #include "WinTypes.h"
 
+#include <QByteArray>
+
 #include <sqlite3.h>
 
 class VolumeFormat {
@@ -22,16 +24,27 @@ public:
 
     // Settings every connection gets before it reads anything from a file.
     static DWORD harden(sqlite3* db);
-    // Writes the schema into an empty file. withRegistry: the object store's registry tables.
-    static DWORD create(sqlite3* db, bool withRegistry);
     // Recognises a file that exists, reading no record: the header, SQLite's own check (quick or
-    // full), the tables and columns, and the catalogue's rows.
-    static Kind inspect(sqlite3* db, Depth depth);
+    // full), the tables and columns, and the catalogue's rows. Returns ERROR_SUCCESS with *kind
+    // set, or the error met while reading (a fault of the disk, no permission): a file that could
+    // not be read is not judged.
+    static DWORD inspect(sqlite3* db, Depth depth, Kind* kind);
+    // The volume's identity, given once when it is first accepted; empty when it has none yet or it
+    // cannot be read.
+    static QByteArray identity(sqlite3* db);
     // Whether the last mount of this volume ended with an unmount (false when it is not known).
     static bool wasClosedCleanly(sqlite3* db);
+
+    // The durability settings every writing connection gets, before its first write.
+    static DWORD configure(sqlite3* db);
+    // Puts the volume in WAL mode, once it is accepted: a volume in another journal mode (made by
+    // hand) is accepted in its own mode, so that a refusal at that point rolls back to the file as
+    // it was, and changes mode only then.
+    static DWORD useWriteAheadLog(sqlite3* db);
+    // Inside the transaction that accepts a volume: writes the whole schema into a blank file
+    // (blank), or adds the tables and indexes that a hand-made volume may lack. withRegistry: the
+    // object store's registry tables.
+    static DWORD complete(sqlite3* db, bool blank, bool withRegistry);
     // Records that the volume is mounted (true) or was unmounted cleanly (false).
     static DWORD markInUse(sqlite3* db, bool inUse);
-    // The journal and durability settings of a mounted volume, and the tables and indexes that a
-    // hand-made volume may lack. withRegistry: the object store's registry tables.
-    static DWORD prepare(sqlite3* db, bool withRegistry);
 };

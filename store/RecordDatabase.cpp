@@ -57,6 +57,7 @@ void RecordDatabase::Close() {
     m_oid = 0;
     m_sortProp = 0;
     m_current = 0;
+    m_sought = false;
     m_pastEnd = false;
 }
 
@@ -85,6 +86,7 @@ CEOID RecordDatabase::seekValue(DWORD seekType, const DbProp& value) {
         return 0;
     }
     m_current = CeSeekDatabase(m_handle, seekType, value.toPropVal());
+    m_sought = true;
     m_pastEnd = m_current == 0;
     return m_current;
 }
@@ -98,7 +100,7 @@ CEOID RecordDatabase::SeekNext() {
         return 0;
     }
     // Nothing sought since opening: the next record is the first one.
-    return m_current == 0 ? SeekFirst() : seek(CEDB_SEEK_CURRENT, 1);
+    return m_sought ? seek(CEDB_SEEK_CURRENT, 1) : SeekFirst();
 }
 
 CEOID RecordDatabase::SeekPrevious() {
@@ -111,6 +113,7 @@ CEOID RecordDatabase::seek(DWORD seekType, DWORD value) {
         return 0;
     }
     m_current = CeSeekDatabase(m_handle, seekType, value);
+    m_sought = true;
     m_pastEnd = m_current == 0;
     return m_current;
 }

@@ -64,6 +64,9 @@ private:
     CEOID m_oid = 0;
     CEPROPID m_sortProp = 0;
     CEOID m_current = 0;
+    // A seek has placed the pointer since opening: the next record is the one after it, even when
+    // the record it found has been deleted since (the pointer keeps its place in the order).
+    bool m_sought = false;
     bool m_pastEnd = false;
     // What the last read of a list of properties gave, kept so that a walk reuses its room.
     std::vector<CEPROPVAL> m_wantedValues;

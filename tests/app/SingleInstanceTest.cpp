@@ -3,9 +3,12 @@
 #include "ShellTestSupport.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 TEST(SingleInstanceTest, ASecondStartOnTheSameDeviceIsRefusedAndBringsTheFirstToTheFront) {
     QTemporaryDir device;
@@ -30,4 +33,25 @@ TEST(SingleInstanceTest, ASecondStartOnTheSameDeviceIsRefusedAndBringsTheFirstTo
     SingleInstance third(device.path());
     EXPECT_FALSE(third.activateRunning());
     EXPECT_TRUE(third.acquire());
+}
+
+TEST(SingleInstanceTest, OnlyAnotherKovalinHoldingTheDeviceIsTakenForOneRunning) {
+    QTemporaryDir temp;
+    // The lock a killed Kovalin left is no one's.
+    QFile(SingleInstance::lockPath(temp.path())).open(QIODevice::WriteOnly);
+    const mode_t umask = ::umask(0);
+    SingleInstance first(temp.path());
+    ASSERT_TRUE(first.acquire());
+    ::umask(umask);
+    struct stat lock {};
+    ASSERT_EQ(::stat(QFile::encodeName(SingleInstance::lockPath(temp.path())).constData(), &lock), 0);
+    EXPECT_EQ(lock.st_mode & 0777, 0600u);
+    SingleInstance second(temp.path());
+    EXPECT_FALSE(second.acquire());
+    EXPECT_EQ(second.error(), ERROR_SHARING_VIOLATION);
+
+    // A lock that cannot be made is not someone else's: the folder cannot be written.
+    SingleInstance nowhere(temp.path() + "/missing");
+    EXPECT_FALSE(nowhere.acquire());
+    EXPECT_EQ(nowhere.error(), ERROR_ACCESS_DENIED);
 }

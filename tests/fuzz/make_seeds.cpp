@@ -119,6 +119,38 @@ bool makeObjectStore(const QString& path) {
     return exec(path, "PRAGMA journal_mode = DELETE; PRAGMA page_size = 512; VACUUM;");
 }
 
+QByteArray readAll(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// A store caught while mounted, its last writes still in its log: the file, the fuzz target's
+// separator line, and the log.
+bool makeStoreWithLog(const QString& from, const QString& to) {
+    const QString path = to + QStringLiteral(".db");
+    QFile::remove(path);
+    if (!QFile::copy(from, path) || !CeMountObjectStore(path)) {
+        return false;
+    }
+    CEGUID guid;
+    CREATE_SYSTEMGUID(&guid);
+    CEOID oid = 0;
+    HANDLE list = CeOpenDatabaseEx(&guid, &oid, "KovChestList", 0, 0);
+    const CEOID first = CeSeekDatabase(list, CEDB_SEEK_BEGINNING, 0);
+    CeWriteRecordProps(list, first, {text(801, "Incline Press")});
+    CeWriteRecordProps(list, 0, {text(801, "Dips")});
+    CloseHandle(list);
+    HKEY key = nullptr;
+    RegCreateKeyExW(HKEY_CURRENT_USER, "Software\\Orn\\Kovalin", &key);
+    RegSetValueExW(key, "LastUser", REG_SZ, reinterpret_cast<const BYTE*>(u"Ann"), 8);
+    RegCloseKey(key);
+    const QByteArray bytes = readAll(path) + "\nKOVALIN-WAL\n" + readAll(path + "-wal");
+    CeUnmountObjectStore();
+    QFile::remove(path);
+    QFile out(to);
+    return out.open(QIODevice::WriteOnly | QIODevice::Truncate) && out.write(bytes) == bytes.size();
+}
+
 bool derive(const QString& from, const QString& to, const std::function<void(QByteArray&)>& damage) {
     QFile in(from);
     QFile out(to);
@@ -143,6 +175,9 @@ int main(int argc, char** argv) {
             dir.filePath("empty.kov"), [](const CEGUID&) {}, false) &&
         makeVolume(log, dayLog, false) && makeVolume(dir.filePath("namelists.kov"), nameLists, false) &&
         makeVolume(dir.filePath("daylog-wal.kov"), dayLog, true) && makeObjectStore(dir.filePath("objectstore.kov")) &&
+        makeStoreWithLog(dir.filePath("objectstore.kov"), dir.filePath("objectstore-log.kov")) &&
+        derive(dir.filePath("objectstore.kov"), dir.filePath("objectstore-unclean.kov"), [](QByteArray&) {}) &&
+        exec(dir.filePath("objectstore-unclean.kov"), "UPDATE meta SET value = 1 WHERE name = 'in_use'") &&
         derive(log, dir.filePath("daylog-truncated.kov"), [](QByteArray& b) { b.truncate(b.size() / 2); }) &&
         derive(log, dir.filePath("daylog-flipped.kov"), [](QByteArray& b) { b[b.size() - 300] ^= 0x55; }) &&
         derive(log, dir.filePath("daylog-other-app.kov"), [](QByteArray& b) { b[68] = 1; }) &&

@@ -4,6 +4,7 @@
 #include "CeDatabase.h"
 #include "SqlReader.h"
 #include "TestDevice.h"
+#include "VolumeFiles.h"
 
 #include <QFile>
 
@@ -30,25 +31,9 @@ INSERT INTO props VALUES (100, 4194368, 2000), (100, 65567, 'two'),
                          (102, 131077, 2.5);
 )sql";
 
-void runSql(const QString& path, const char* sql) {
-    sqlite3* db = nullptr;
-    ASSERT_EQ(sqlite3_open(QFile::encodeName(path).constData(), &db), SQLITE_OK);
-    char* message = nullptr;
-    EXPECT_EQ(sqlite3_exec(db, sql, nullptr, nullptr, &message), SQLITE_OK) << (message ? message : "");
-    sqlite3_free(message);
-    sqlite3_close(db);
-}
-
-void writeFile(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(bytes);
-}
-
-QByteArray readFile(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+using VolumeFiles::readFile;
+using VolumeFiles::runSql;
+using VolumeFiles::writeFile;
 
 class CeVolumeTest : public ::testing::Test {
 protected:
@@ -178,11 +163,12 @@ TEST_F(CeVolumeTest, FilesThatAreNotVolumesAreRefusedAndLeftAlone) {
     pages.replace(3 * 4096 - 200, 150, QByteArray(150, '\x5A')); // the name index's cells
     writeFile(damaged, pages);
 
+    // Byte for byte, and without a -wal or -shm left beside them.
     for (const QString& path : {random, otherApp, noProps, damaged}) {
-        const QByteArray before = readFile(path);
+        const QList<QByteArray> before = VolumeFiles::withCompanions(path);
         EXPECT_EQ(mountError(path, OPEN_EXISTING), ERROR_BADDB) << path.toStdString();
         EXPECT_EQ(mountError(path, OPEN_ALWAYS), ERROR_BADDB) << path.toStdString();
-        EXPECT_EQ(readFile(path), before) << path.toStdString();
+        EXPECT_EQ(VolumeFiles::withCompanions(path), before) << path.toStdString();
     }
     // Replacing is what CREATE_ALWAYS is for.
     EXPECT_EQ(mountError(random, CREATE_ALWAYS), ERROR_SUCCESS);

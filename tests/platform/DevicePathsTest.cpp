@@ -1,4 +1,5 @@
 #include "DevicePaths.h"
+#include "ErrorMessage.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -27,24 +28,45 @@ TEST(DevicePaths, ResolvesOptionThenVariableThenAppData) {
     qputenv("KOVALIN_DEVICE", old);
 }
 
-TEST(DevicePaths, CreatesTheDeviceFolderPrivately) {
+TEST(DevicePaths, CreatesTheDeviceFolderPrivatelyAndNeverFillsAFolderThatIsNotADevice) {
     QTemporaryDir temp;
+    const mode_t umask = ::umask(0); // whatever the umask
     const DevicePaths paths(temp.path() + "/missing/parent/device");
     ASSERT_TRUE(paths.ensureCreated());
-    EXPECT_EQ(modeOf(paths.root()), 0700u);
-    for (const char* folder : {"My Documents", "Windows", "Program Files/Kovalin"}) {
-        EXPECT_TRUE(QFileInfo(paths.root() + '/' + folder).isDir()) << folder;
+    for (const char* folder : {"", "/My Documents", "/Windows", "/Program Files", "/Program Files/Kovalin"}) {
+        EXPECT_EQ(modeOf(paths.root() + folder), 0700u) << folder;
     }
+    EXPECT_EQ(modeOf(temp.path() + "/missing"), 0700u);
     EXPECT_EQ(paths.objectStore(), paths.root() + "/objectstore.db");
+    ::umask(umask);
 
     // A folder that is there already keeps the mode its owner gave it.
     ::chmod(QFile::encodeName(paths.root()).constData(), 0750);
     EXPECT_TRUE(paths.ensureCreated());
     EXPECT_EQ(modeOf(paths.root()), 0750u);
 
+    // An empty folder (or one with only a device's lock and folders) is adopted; one with anything
+    // else in it is a device only when it holds the object store.
+    const DevicePaths home(temp.path() + "/home");
+    ASSERT_TRUE(QDir().mkdir(home.root()));
+    EXPECT_EQ(home.claim(), ERROR_SUCCESS);
+    QFile(home.lockFile()).open(QIODevice::WriteOnly);
+    ASSERT_EQ(home.createFolders(), ERROR_SUCCESS);
+    EXPECT_EQ(home.claim(), ERROR_SUCCESS);
+    QFile(home.root() + "/notes.txt").open(QIODevice::WriteOnly);
+    EXPECT_EQ(home.claim(), ERROR_DIR_NOT_EMPTY);
+    EXPECT_FALSE(home.ensureCreated());
+    EXPECT_EQ(QDir(home.root()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 5);
+    EXPECT_EQ(ErrorMessage::forPath(home.root(), ERROR_DIR_NOT_EMPTY),
+              home.root() +
+                  " is not a Kovalin device: the folder holds other files and no objectstore.db (error 145).");
+    QFile(home.objectStore()).open(QIODevice::WriteOnly);
+    EXPECT_EQ(home.claim(), ERROR_SUCCESS);
+
     QFile blocker(temp.path() + "/file");
     ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
-    EXPECT_FALSE(DevicePaths(blocker.fileName()).ensureCreated());
+    EXPECT_EQ(DevicePaths(blocker.fileName()).claim(), ERROR_DIRECTORY);
+    EXPECT_EQ(DevicePaths(blocker.fileName() + "/device").claim(), ERROR_DIRECTORY);
 }
 
 TEST(DevicePaths, MapsDevicePathsInsideTheFolderOnly) {

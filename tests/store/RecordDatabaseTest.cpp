@@ -65,55 +65,25 @@ TEST_F(RecordDatabaseTest, FirstSaveOfADayAddsItsRecordAndTheSecondReplacesIt) {
     EXPECT_EQ(noteOfDay(day), "second");
 }
 
-TEST_F(RecordDatabaseTest, AWriteReplacesOnlyTheNamedPropertiesAndCanRemoveOne) {
-    const QDate day(2010, 1, 1);
+TEST_F(RecordDatabaseTest, SeekNextStartsAtTheFirstRecordAndGoesOnAfterADeletedCurrentOne) {
     RecordDatabase db;
     ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
-    DbRecord record = dayRecord(day, "note");
-    record.append(DbProp::i2(102, 7));
-    record.append(DbProp::r8(108, 102.5));
-    const CEOID oid = db.Write(record, 0);
-
-    DbRecord change;
-    change.append(DbProp::i2(102, 9));
-    change.append(DbProp::deletion(108, CEVT_R8));
-    ASSERT_EQ(db.Write(change, oid), oid);
-
-    ASSERT_EQ(db.SeekFirstEqual(DayKey::prop(day)), oid);
-    DbRecord read;
-    ASSERT_TRUE(db.ReadCurrent(read));
-    ASSERT_EQ(read.size(), 3);
-    EXPECT_EQ(read.find(102)->toInt(), 9);
-    EXPECT_EQ(read.find(102)->type(), CEVT_I2);
-    EXPECT_EQ(read.find(1132)->toText(), "note");
-    EXPECT_EQ(read.find(108), nullptr);
-}
-
-TEST_F(RecordDatabaseTest, WalksRecordsInDateOrderWhateverTheOrderTheyWereWritten) {
-    RecordDatabase db;
-    ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
-    for (const QDate day : {QDate(2005, 6, 2), QDate(1999, 12, 31), QDate(2005, 6, 1)}) {
-        db.Write(dayRecord(day, day.toString(Qt::ISODate)), 0);
-    }
-    QStringList seen;
-    for (CEOID oid = db.SeekFirst(); oid != 0; oid = db.SeekNext()) {
-        DbRecord record;
-        ASSERT_TRUE(db.ReadCurrent(record));
-        seen << record.find(1132)->toText();
-    }
-    EXPECT_EQ(seen, QStringList({"1999-12-31", "2005-06-01", "2005-06-02"}));
-    EXPECT_EQ(db.SeekNext(), 0u);
-}
-
-TEST_F(RecordDatabaseTest, SeekNextRightAfterOpeningStartsAtTheFirstRecord) {
-    RecordDatabase db;
-    ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
-    const CEOID later = db.Write(dayRecord(QDate(2001, 1, 2), "b"), 0);
-    const CEOID earlier = db.Write(dayRecord(QDate(2001, 1, 1), "a"), 0);
+    const CEOID d = db.Write(dayRecord(QDate(2001, 1, 4), "d"), 0);
+    const CEOID b = db.Write(dayRecord(QDate(2001, 1, 2), "b"), 0);
+    const CEOID a = db.Write(dayRecord(QDate(2001, 1, 1), "a"), 0);
+    const CEOID c = db.Write(dayRecord(QDate(2001, 1, 3), "c"), 0);
     db.Close();
     ASSERT_TRUE(db.Open(kLog, DayKey::kPropId));
-    EXPECT_EQ(db.SeekNext(), earlier);
-    EXPECT_EQ(db.SeekNext(), later);
+    EXPECT_EQ(db.SeekNext(), a);
+    EXPECT_EQ(db.SeekNext(), b);
+    EXPECT_EQ(db.SeekNext(), c);
+    // A walk that deletes as it goes: the deleted record's place is kept.
+    ASSERT_TRUE(db.DeleteRecord(c));
+    EXPECT_EQ(db.CurrentRecordId(), 0u);
+    EXPECT_EQ(db.SeekNext(), d);
+    ASSERT_TRUE(db.DeleteRecord(d));
+    EXPECT_EQ(db.SeekNext(), 0u);
+    EXPECT_EQ(db.SeekFirst(), a);
 }
 
 TEST_F(RecordDatabaseTest, DeletesRecordsAndWholeDatabases) {

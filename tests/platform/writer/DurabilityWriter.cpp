@@ -1,6 +1,8 @@
-// Writes records into a volume in a loop until it is killed, printing each record's object id on
-// its own line once the write that stored it has returned. Every third write rewrites a record it
-// wrote before, whole, with a new seed. Used by DurabilityTest, which kills it at random moments.
+// Writes records into a volume in a loop until it is killed. Every third write rewrites a record it
+// wrote before, whole, with a new seed, and every seventh operation deletes one. Before a rewrite or
+// a delete it prints "? OID SEED" (SEED 0 for a delete), and once any write or delete has returned,
+// "= OID SEED": what the test may then expect of that record. Used by DurabilityTest, which kills it
+// at random moments.
 //   durability_writer VOLUME
 
 #include "DurabilityRecord.h"
@@ -36,16 +38,30 @@ int main(int argc, char** argv) {
     std::vector<CEOID> written;
     // Bounded, so that a writer nobody kills still ends.
     for (int i = 0; i < 100000; ++i) {
-        const CEOID target = i % 3 == 2 ? written[random() % written.size()] : 0;
-        const CEOID stored = CeWriteRecordProps(db, target, DurabilityRecord::make(random()));
+        const bool remove = i % 7 == 6 && !written.empty();
+        const bool rewrite = !remove && i % 3 == 2 && !written.empty();
+        const std::size_t slot = written.empty() ? 0 : random() % written.size();
+        const DWORD seed = 1 + random() % 0x7FFFFFFF;
+        CEOID stored = 0;
+        if (remove || rewrite) {
+            std::printf("? %u %u\n", written[slot], remove ? 0 : seed);
+            std::fflush(stdout);
+        }
+        if (remove) {
+            stored = CeDeleteRecord(db, written[slot]) ? written[slot] : 0;
+        } else {
+            stored = CeWriteRecordProps(db, rewrite ? written[slot] : 0, DurabilityRecord::make(seed));
+        }
         if (stored == 0) {
             std::fprintf(stderr, "write failed: error %u\n", GetLastError());
             return 1;
         }
-        if (target == 0) {
+        if (remove) {
+            written.erase(written.begin() + static_cast<std::ptrdiff_t>(slot));
+        } else if (!rewrite) {
             written.push_back(stored);
         }
-        std::printf("%u\n", stored);
+        std::printf("= %u %u\n", stored, remove ? 0 : seed);
         std::fflush(stdout);
     }
     return 0;

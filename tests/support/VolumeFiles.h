@@ -1,0 +1,44 @@
+#pragma once
+// Files of a volume as bytes and as plain SQL, for tests that build or damage volumes by hand and
+// check that what the platform refused is left exactly as it was.
+
+#include <QByteArray>
+#include <QFile>
+#include <QString>
+
+#include <gtest/gtest.h>
+
+#include <sqlite3.h>
+
+namespace VolumeFiles {
+inline QByteArray readFile(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+inline void writeFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write(bytes);
+}
+
+// Runs sql on the file with a connection of its own, as anyone with the sqlite3 shell would.
+inline void runSql(const QString& path, const char* sql) {
+    sqlite3* db = nullptr;
+    ASSERT_EQ(sqlite3_open(QFile::encodeName(path).constData(), &db), SQLITE_OK);
+    char* message = nullptr;
+    EXPECT_EQ(sqlite3_exec(db, sql, nullptr, nullptr, &message), SQLITE_OK) << (message ? message : "");
+    sqlite3_free(message);
+    sqlite3_close(db);
+}
+
+// The file and its companions, each as bytes (empty when missing), to compare before and after.
+inline QList<QByteArray> withCompanions(const QString& path) {
+    QList<QByteArray> files;
+    for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
+        const QString name = path + QLatin1String(suffix);
+        files.append(QFile::exists(name) ? QByteArray("present:") + readFile(name) : QByteArray("missing"));
+    }
+    return files;
+}
+} // namespace VolumeFiles
