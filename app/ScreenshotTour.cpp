@@ -1,13 +1,13 @@
 #include "ScreenshotTour.h"
 
+#include "CalendarPopup.h"
 #include "CeDatabase.h"
 #include "Clock.h"
 #include "CommandBar.h"
-#include "CalendarPopup.h"
 #include "ConfirmDialog.h"
 #include "DateControl.h"
-#include "DeviceMessageBoxPresenter.h"
 #include "DeviceCombo.h"
+#include "DeviceMessageBoxPresenter.h"
 #include "DevicePaths.h"
 #include "FoodRecords.h"
 #include "KovalinApp.h"
@@ -25,13 +25,13 @@
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDir>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTabBar>

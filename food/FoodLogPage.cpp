@@ -61,7 +61,8 @@ bool sameDateEverywhere() {
 }
 } // namespace
 
-FoodLogPage::FoodLogPage(PageHost& host, QWidget* parent) : Page(host, IDD_FOOD, QStringLiteral("FoodLogPage"), parent) {
+FoodLogPage::FoodLogPage(PageHost& host, QWidget* parent)
+    : Page(host, IDD_FOOD, QStringLiteral("FoodLogPage"), parent) {
     createControls();
 }
 
@@ -100,6 +101,7 @@ QWidget* FoodLogPage::createForm() {
     auto rating = [&](int id) {
         auto* combo = named(new RatingCombo(form), id);
         combo->setFixedSize(40, kRow);
+        combo->setRating(RatingCombo::kNoChoice);
         connect(combo, &QComboBox::activated, this, &FoodLogPage::SaveDay);
         return combo;
     };

@@ -31,8 +31,8 @@ QString controlName(int id) {
 }
 } // namespace
 
-MealDialog::MealDialog(PageHost& host, FoodRecords records, const QDate& day, int slot,
-                       const std::optional<Meal>& meal, QWidget* parent)
+MealDialog::MealDialog(PageHost& host, FoodRecords records, const QDate& day, int slot, const std::optional<Meal>& meal,
+                       QWidget* parent)
     : QDialog(parent), m_host(host), m_records(std::move(records)), m_day(day), m_slot(slot) {
     setObjectName(QStringLiteral("MealDialog"));
     setWindowTitle(QStringLiteral("Meal"));

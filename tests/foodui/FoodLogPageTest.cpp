@@ -1,10 +1,11 @@
 // The food page and the meal dialog on the whole program, driven through their controls; what the
 // food database holds is read back with plain SQL.
 
+#include "FoodLogPage.h"
 #include "Clock.h"
 #include "DateControl.h"
-#include "FoodLogPage.h"
 #include "FoodRecords.h"
+#include "MessageBox.h"
 #include "NotesEdit.h"
 #include "NumberEdit.h"
 #include "RatingCombo.h"
@@ -79,8 +80,8 @@ protected:
     // the menu's items in shown and chooses command (nothing when 0).
     void holdAndChoose(int row, int command, QStringList* shown = nullptr) {
         QWidget* viewport = list()->viewport();
-        const QPoint at = row < 0 ? QPoint(40, viewport->height() - 5)
-                                  : list()->visualItemRect(list()->topLevelItem(row)).center();
+        const QPoint at =
+            row < 0 ? QPoint(40, viewport->height() - 5) : list()->visualItemRect(list()->topLevelItem(row)).center();
         bool done = false;
         QTimer poll;
         poll.setInterval(0);
@@ -170,7 +171,7 @@ TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneS
         double stored;
     };
     const Typed typed[] = {
-        {IDC_FOOD_WATER, "99", 1001, kI2, 99},        {IDC_FOOD_WEIGHT, "999", 1002, kI2, 999},
+        {IDC_FOOD_WATER, "99", 1001, kI2, 99},         {IDC_FOOD_WEIGHT, "999", 1002, kI2, 999},
         {IDC_FOOD_BODYFAT, "102.4", 1003, kR8, 102.4}, {IDC_FOOD_SLEEP, "24", 1147, kR8, 24},
         {IDC_FOOD_SYSTOLIC, "121", 1154, kI2, 121},    {IDC_FOOD_DIASTOLIC, "79", 1155, kI2, 79},
         {IDC_FOOD_RESTHR, "0", 1156, kI2, 0},          {IDC_FOOD_CHEST, "999.9", 1151, kR8, 999.9},
