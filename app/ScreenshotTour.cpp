@@ -9,6 +9,7 @@
 #include "DeviceCombo.h"
 #include "DeviceMessageBoxPresenter.h"
 #include "DevicePaths.h"
+#include "FoodRecords.h"
 #include "KovalinApp.h"
 #include "MainDialog.h"
 #include "NumberEdit.h"
@@ -33,6 +34,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTemporaryDir>
@@ -101,6 +103,46 @@ bool writeWorkout(const QDate& today) {
                       {set("Standing Calf Raises", "15", 120, "1", 6), set("Seated Calf Raises", "15", 90, "1", 7)}) &&
            writeGroup(lower, today, MuscleGroup(BodyRegion::Lower, 3), {set("Floor Crunches", "25", 0, "1", 5)});
 }
+Meal meal(QTime time, const char* protein, const char* carbohydrate, const char* vegetable, const char* other) {
+    Meal made;
+    made.time = time;
+    made.protein = QString::fromLatin1(protein);
+    made.carbohydrate = QString::fromLatin1(carbohydrate);
+    made.vegetable = QString::fromLatin1(vegetable);
+    made.other = QString::fromLatin1(other);
+    return made;
+}
+
+// Today's food and body values of the Default user and five meals.
+bool writeFoodDay(const QDate& today) {
+    const FoodRecords food(QStringLiteral("Kov2Food"));
+    FoodDayValues values;
+    values.water = 8;
+    values.weight = 182;
+    values.bodyFat = 14.5;
+    values.notes = QStringLiteral("Slept well. Skipped the afternoon coffee.");
+    values.sleep = 7.5;
+    values.sleepQuality = 8;
+    values.systolic = 118;
+    values.diastolic = 76;
+    values.restingHeartRate = 58;
+    values.overall = 9;
+    values.chest = 42.5;
+    values.biceps = 15.25;
+    values.waist = 32;
+    values.quads = 24.5;
+    values.calves = 15.5;
+    const Meal meals[] = {meal(QTime(7, 5), "Egg Whites", "Oatmeal", "", "Multivitamin"),
+                          meal(QTime(10, 0), "Cottage Cheese", "Strawberries", "", ""),
+                          meal(QTime(12, 30), "Chicken", "Brown Rice", "Broccoli", ""),
+                          meal(QTime(15, 45), "Tuna", "Wheat Bread", "Lettuce", "Fish Oil"),
+                          meal(QTime(19, 15), "Salmon", "Potato", "Asparagus", "")};
+    bool written = food.EnsureDatabase() && food.CreateDay(today) != 0 && food.SaveDay(today, values);
+    for (int slot = 0; slot < 5 && written; ++slot) {
+        written = food.PutMeal(today, slot, meals[slot]);
+    }
+    return written;
+}
 } // namespace
 
 ScreenshotTour::ScreenshotTour(const QString& directory) : m_directory(directory) {}
@@ -118,7 +160,7 @@ int ScreenshotTour::run() {
         return 1;
     }
     Clock::setFixed(QDateTime(QDate(2024, 3, 14), QTime(9, 41)));
-    if (!writeWorkout(QDate(2024, 3, 14))) {
+    if (!writeWorkout(QDate(2024, 3, 14)) || !writeFoodDay(QDate(2024, 3, 14))) {
         std::fprintf(stderr, "kovalin: cannot write the demonstration workout\n");
         CeUnmountObjectStore();
         return 1;
@@ -230,7 +272,49 @@ void ScreenshotTour::tourStrength() {
     command(ID_GRID_EDITLIST);
     command(ID_GRID_CANCEL);
     tourControls();
+    tourFood();
     main.SelectPage(0);
+}
+
+void ScreenshotTour::tourFood() {
+    MainDialog& main = m_app->screen().mainDialog();
+    main.SelectPage(4);
+    QWidget* food = main.page(4);
+    auto* scroll = food->findChild<QScrollArea*>(QStringLiteral("c%1").arg(IDC_FOOD_SCROLL));
+    auto* list = food->findChild<QTreeWidget*>(QStringLiteral("c%1").arg(IDC_FOOD_MEALS));
+    scroll->verticalScrollBar()->setValue(scroll->verticalScrollBar()->maximum());
+    QApplication::processEvents();
+    save(grabScreen(), QStringLiteral("food-meals.png"));
+    QWidget* viewport = list->viewport();
+    openContextMenu(viewport, list->visualItemRect(list->topLevelItem(2)).center(),
+                    QStringLiteral("food-row-menu.png"));
+    openContextMenu(viewport, QPoint(60, viewport->height() - 6), QStringLiteral("food-menu.png"));
+    list->clearSelection();
+
+    // The meal dialog of a new meal, its carbohydrates open.
+    QTimer::singleShot(0, this, [this] {
+        auto* dialog = m_app->screen().findChild<QDialog*>(QStringLiteral("MealDialog"));
+        if (dialog == nullptr) {
+            m_failed.append(QStringLiteral("no meal dialog"));
+            return;
+        }
+        auto* carbohydrates = dialog->findChild<QComboBox*>(QStringLiteral("c%1").arg(IDC_MEAL_CARB));
+        carbohydrates->showPopup();
+        QApplication::processEvents();
+        save(grabScreen(), QStringLiteral("meal-dialog.png"));
+        carbohydrates->hidePopup();
+        dialog->reject();
+    });
+    command(ID_FOOD_ADDMEAL);
+
+    // Eleven cups are more than a day's water field takes.
+    scroll->verticalScrollBar()->setValue(0);
+    auto* water = food->findChild<NumberEdit*>(QStringLiteral("c%1").arg(IDC_FOOD_WATER));
+    water->setFocus();
+    water->selectAll();
+    type(water, QStringLiteral("110"));
+    whenUp(QStringLiteral("DeviceMessageBox"), QStringLiteral("food-range-message.png"));
+    type(water, {}, Qt::Key_Return);
 }
 
 void ScreenshotTour::tourControls() {

@@ -1,6 +1,7 @@
 #pragma once
 // Writes PNG pictures of the device screen at scale 1 (240 x 320): the start-up box, the release
-// notes, every tab, the menu open, the Options dialog, and the strength screens with a workout. Runs the whole program
+// notes, every tab, the menu open, the Options dialog, the strength screens with a workout and the food page
+// with a day's food. Runs the whole program
 // offscreen on a fresh temporary device with the clock fixed, driving it as a user would.
 
 #include <QImage>
@@ -28,6 +29,9 @@ private:
     // The strength pages with a workout listed, their menus, the set-entry grid, the exercise picker
     // and the item list editor.
     void tourStrength();
+    // The food page with a day filled in, its meal list and counts, both list menus, the meal dialog
+    // with a food list open and a refused number.
+    void tourFood();
     // The device controls while typing, the calendar pop-up and a refused number.
     void tourControls();
     // The aerobic page: a day of three exercises, each shown, the intensity boxes shown and hidden,

@@ -26,6 +26,7 @@ QString pathOf(int id) {
         {IDB_SETGRID_BAR, QStringLiteral(":/bitmaps/setgrid_bar.bmp")},
         {IDB_SETGRID_TOOLBAR, QStringLiteral(":/bitmaps/toolbar_setgrid.bmp")},
         {IDB_NOW, QStringLiteral(":/bitmaps/now.bmp")},
+        {IDB_MEAL, QStringLiteral(":/bitmaps/food.bmp")},
     };
     return paths.value(id);
 }

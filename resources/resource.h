@@ -27,6 +27,7 @@ constexpr int IDD_GOALS = 270;
 constexpr int IDD_ABOUTBOX = 271;
 constexpr int IDD_PHOTO = 272;
 constexpr int IDD_SELECTEXERCISE = 290; // "Select an exercise": the set-entry grid's exercise picker
+constexpr int IDD_MEAL = 276;           // the meal dialog of the food page
 
 // --- Icons, menus and tool bars ---------------------------------------------------------------
 constexpr int IDR_MAINFRAME = 128; // the program's icon, large and small
@@ -58,6 +59,7 @@ constexpr int IDB_INPUTPANEL = 281;                      // the input-panel butt
 constexpr int IDB_SETGRID_BAR = 197;                     // the column heads over the set-entry grid's rows
 constexpr int IDB_SETGRID_TOOLBAR = IDR_SETGRID_TOOLBAR; // the set-entry grid's button images
 constexpr int IDB_NOW = 293;                             // the strength pages' "!" (now) buttons
+constexpr int IDB_MEAL = 277;                            // the meal dialog's picture ("food.bmp")
 
 // --- Controls ---------------------------------------------------------------------------------
 constexpr int IDC_TAB = 1000; // the main dialog's tab row
@@ -132,6 +134,46 @@ constexpr int IDC_ITEM_PROMPT2 = 1066;
 // "Select an exercise" (dialog 290).
 constexpr int IDC_EXERCISE_LIST = 1330;
 
+// Food log page (dialog 137): the date, the day values with the spins of water, weight and body fat,
+// the notes, the meal list and the three counts under it.
+constexpr int IDC_FOOD_DATE = 1350;
+constexpr int IDC_FOOD_WATER = 1351;
+constexpr int IDC_FOOD_WATERSPIN = 1352;
+constexpr int IDC_FOOD_WEIGHT = 1353;
+constexpr int IDC_FOOD_WEIGHTSPIN = 1354;
+constexpr int IDC_FOOD_BODYFAT = 1355;
+constexpr int IDC_FOOD_BODYFATSPIN = 1356;
+constexpr int IDC_FOOD_SLEEP = 1357;
+constexpr int IDC_FOOD_SLEEPQUALITY = 1358;
+constexpr int IDC_FOOD_SYSTOLIC = 1359;
+constexpr int IDC_FOOD_DIASTOLIC = 1360;
+constexpr int IDC_FOOD_RESTHR = 1361;
+constexpr int IDC_FOOD_OVERALL = 1362;
+constexpr int IDC_FOOD_CHEST = 1363;
+constexpr int IDC_FOOD_BICEPS = 1364;
+constexpr int IDC_FOOD_WAIST = 1365;
+constexpr int IDC_FOOD_QUADS = 1366;
+constexpr int IDC_FOOD_CALVES = 1367;
+constexpr int IDC_FOOD_NOTES = 1368;
+constexpr int IDC_FOOD_MEALS = 1369;
+constexpr int IDC_FOOD_PROCOUNT = 1370;
+constexpr int IDC_FOOD_CARBCOUNT = 1371;
+constexpr int IDC_FOOD_VEGCOUNT = 1372;
+constexpr int IDC_FOOD_SCROLL = 1373; // the scroll area that holds every control but the date
+
+// Meal dialog (276): the time and its "!", the four food drop-downs and their "<-" buttons, the picture.
+constexpr int IDC_MEAL_TIME = 1380;
+constexpr int IDC_MEAL_NOW = 1381;
+constexpr int IDC_MEAL_PROTEIN = 1382;
+constexpr int IDC_MEAL_CARB = 1383;
+constexpr int IDC_MEAL_VEG = 1384;
+constexpr int IDC_MEAL_OTHER = 1385;
+constexpr int IDC_MEAL_PROTEINLIST = 1386;
+constexpr int IDC_MEAL_CARBLIST = 1387;
+constexpr int IDC_MEAL_VEGLIST = 1388;
+constexpr int IDC_MEAL_OTHERLIST = 1389;
+constexpr int IDC_MEAL_PICTURE = 1390;
+
 // Start-up progress box.
 constexpr int IDC_STARTUP_PICTURE = 1300;
 constexpr int IDC_STARTUP_TEXT = 1301;
@@ -196,6 +238,10 @@ constexpr int ID_GRID_EDITLIST = 32875;
 constexpr int ID_CLEAR_ALLROWS = 32876;
 constexpr int ID_CLEAR_CURRENTROW = 32877;
 constexpr int ID_CLEAR_ROWANDBELOW = 32878;
+
+// The food page's meal list menus ("Add Meal" is the tool bar's command).
+constexpr int ID_FOOD_DELETEMEAL = 32890;
+constexpr int ID_FOOD_EDITMEAL = 32891;
 
 // Commands the main window receives and ignores.
 constexpr int ID_IGNORED_32774 = 32774;

@@ -1,0 +1,301 @@
+// The food page and the meal dialog on the whole program, driven through their controls; what the
+// food database holds is read back with plain SQL.
+
+#include "FoodLogPage.h"
+#include "Clock.h"
+#include "DateControl.h"
+#include "FoodRecords.h"
+#include "MessageBox.h"
+#include "NotesEdit.h"
+#include "NumberEdit.h"
+#include "RatingCombo.h"
+#include "Settings.h"
+#include "ShellPageFactory.h"
+#include "ShellTestSupport.h"
+#include "StoredDays.h"
+#include "TapAndHold.h"
+#include "TimeControl.h"
+#include "UpDownControl.h"
+#include "resource.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+#include <QTreeWidget>
+
+namespace {
+constexpr int kI2 = 2, kR8 = 5, kText = 31, kFileTime = 64;
+const QDate kToday(2024, 3, 14);
+const QString kFood = QStringLiteral("Kov2Food");
+
+class FoodLogPageTest : public ShellTest {
+protected:
+    FoodLogPageTest() { Clock::setFixed(QDateTime(kToday, QTime(9, 41))); }
+    ~FoodLogPageTest() override { Clock::setFixed(std::nullopt); }
+
+    FoodLogPage& showPage() {
+        if (!m_screen) {
+            start(false, &m_pages);
+        }
+        main().SelectPage(4);
+        return page();
+    }
+    FoodLogPage& page() const { return *static_cast<FoodLogPage*>(m_screen->mainDialog().page(4)); }
+    template <typename T> T* control(int id) const {
+        auto* found = page().findChild<T*>(QStringLiteral("c%1").arg(id));
+        EXPECT_NE(found, nullptr) << "no control " << id;
+        return found;
+    }
+    StoredDays stored() const { return StoredDays(m_device.paths().objectStore()); }
+    QVariant value(int number, int type) const { return stored().value(kFood, kToday, number, type); }
+
+    static void typeInto(QLineEdit* edit, const QString& keys) {
+        edit->setFocus();
+        edit->selectAll();
+        QTest::keyClicks(edit, keys);
+        QTest::keyClick(edit, Qt::Key_Return);
+    }
+    QTreeWidget* list() const { return control<QTreeWidget>(IDC_FOOD_MEALS); }
+    QStringList rows() const {
+        QStringList texts;
+        for (int row = 0; row < list()->topLevelItemCount(); ++row) {
+            QStringList cells;
+            for (int column = 0; column < FoodLogPage::kColumnCount; ++column) {
+                cells << list()->topLevelItem(row)->text(column);
+            }
+            texts << cells.join('|');
+        }
+        return texts;
+    }
+    QString counts() const {
+        return control<QLineEdit>(IDC_FOOD_PROCOUNT)->text() + ' ' + control<QLineEdit>(IDC_FOOD_CARBCOUNT)->text() +
+               ' ' + control<QLineEdit>(IDC_FOOD_VEGCOUNT)->text();
+    }
+
+    // Holds the stylus on the list (on row, or below the rows for -1) until its menu is up, records
+    // the menu's items in shown and chooses command (nothing when 0).
+    void holdAndChoose(int row, int command, QStringList* shown = nullptr) {
+        QWidget* viewport = list()->viewport();
+        const QPoint at =
+            row < 0 ? QPoint(40, viewport->height() - 5) : list()->visualItemRect(list()->topLevelItem(row)).center();
+        bool done = false;
+        QTimer poll;
+        poll.setInterval(0);
+        QObject::connect(&poll, &QTimer::timeout, [&] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            if (menu == nullptr || done) {
+                return;
+            }
+            done = true;
+            for (QAction* action : menu->actions()) {
+                if (shown != nullptr) {
+                    *shown << action->text();
+                }
+            }
+            QAction* action = menu->findChild<QAction*>(QStringLiteral("cmd%1").arg(command));
+            if (action == nullptr) {
+                menu->close();
+            } else {
+                QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+            }
+        });
+        poll.start();
+        QTest::mousePress(viewport, Qt::LeftButton, {}, at);
+        ASSERT_TRUE(waitUntil([&done] { return done; }));
+        poll.stop();
+        QTest::mouseRelease(viewport, Qt::LeftButton, {}, at);
+    }
+    // Answers the meal dialog once it is up: the time typed (when given), the four texts typed, OK.
+    void answerMealDialog(const QString& time, const QStringList& foods) {
+        whenShown(QStringLiteral("MealDialog"), [time, foods](QWidget* dialog) {
+            if (!time.isEmpty()) {
+                auto* picker = dialog->findChild<TimeControl*>(QStringLiteral("c%1").arg(IDC_MEAL_TIME));
+                QTest::mouseClick(picker, Qt::LeftButton, {}, QPoint(4, picker->height() / 2));
+                QTest::keyClicks(picker, time);
+                QTest::keyClick(picker, Qt::Key_Return);
+            }
+            const int ids[] = {IDC_MEAL_PROTEIN, IDC_MEAL_CARB, IDC_MEAL_VEG, IDC_MEAL_OTHER};
+            for (int i = 0; i < 4; ++i) {
+                auto* combo = dialog->findChild<QComboBox*>(QStringLiteral("c%1").arg(ids[i]));
+                combo->lineEdit()->selectAll();
+                QTest::keyClicks(combo->lineEdit(), foods.value(i));
+                if (foods.value(i).isEmpty()) {
+                    QTest::keyClick(combo->lineEdit(), Qt::Key_Delete);
+                }
+            }
+            QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDOK)), Qt::LeftButton);
+        });
+    }
+
+    ShellPageFactory m_pages;
+    TapAndHold m_tapAndHold{30};
+};
+} // namespace
+
+TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneSavesNothing) {
+    showPage();
+    // A new day holds its key and the notes placeholder only.
+    EXPECT_EQ(stored().props(kFood, kToday), "64:64,1132:31");
+    EXPECT_EQ(control<NotesEdit>(IDC_FOOD_NOTES)->notes(), "<Click to add Notes>");
+
+    // Refused values first: a message each, and still nothing but the key and the notes.
+    struct Refused {
+        int id;
+        const char* typed;
+        const char* message;
+    };
+    const Refused refused[] = {
+        {IDC_FOOD_WATER, "100", "Please enter an integer between 0 and 99."},
+        {IDC_FOOD_WEIGHT, "1000", "Please enter an integer between 0 and 999."},
+        {IDC_FOOD_BODYFAT, "102.5", "Please enter a number between 0 and 102.4."},
+        {IDC_FOOD_SLEEP, "24.1", "Please enter a number between 0 and 24."},
+        {IDC_FOOD_CALVES, "1000", "Please enter a number between 0 and 999.9."},
+        {IDC_FOOD_RESTHR, "6a", "Please enter an integer."},
+    };
+    for (const Refused& entry : refused) {
+        m_boxes.clear();
+        typeInto(control<NumberEdit>(entry.id), QString::fromLatin1(entry.typed));
+        EXPECT_EQ(m_boxes.texts(), QStringList{QString::fromLatin1(entry.message)}) << entry.id;
+    }
+    EXPECT_EQ(stored().propCount(kFood, kToday), 2);
+
+    struct Typed {
+        int id;
+        const char* typed;
+        int number;
+        int type;
+        double stored;
+    };
+    const Typed typed[] = {
+        {IDC_FOOD_WATER, "99", 1001, kI2, 99},         {IDC_FOOD_WEIGHT, "999", 1002, kI2, 999},
+        {IDC_FOOD_BODYFAT, "102.4", 1003, kR8, 102.4}, {IDC_FOOD_SLEEP, "24", 1147, kR8, 24},
+        {IDC_FOOD_SYSTOLIC, "121", 1154, kI2, 121},    {IDC_FOOD_DIASTOLIC, "79", 1155, kI2, 79},
+        {IDC_FOOD_RESTHR, "0", 1156, kI2, 0},          {IDC_FOOD_CHEST, "999.9", 1151, kR8, 999.9},
+        {IDC_FOOD_BICEPS, "15.25", 1150, kR8, 15.25},  {IDC_FOOD_WAIST, "32", 1146, kR8, 32},
+        {IDC_FOOD_QUADS, "24.5", 1148, kR8, 24.5},     {IDC_FOOD_CALVES, "15", 1149, kR8, 15},
+    };
+    m_boxes.clear();
+    for (const Typed& entry : typed) {
+        typeInto(control<NumberEdit>(entry.id), QString::fromLatin1(entry.typed));
+        EXPECT_DOUBLE_EQ(value(entry.number, entry.type).toDouble(), entry.stored) << entry.number;
+    }
+    EXPECT_TRUE(m_boxes.texts().isEmpty());
+    // The first save wrote all fifteen values: the drop-downs' "no choice" as the all-ones value.
+    EXPECT_EQ(value(1152, kI2).toInt(), -1);
+    EXPECT_EQ(value(1153, kI2).toInt(), -1);
+
+    // A drop-down saves when a choice is made; the notes lose their placeholder on focus and are
+    // saved as typed.
+    auto* overall = control<RatingCombo>(IDC_FOOD_OVERALL);
+    overall->setFocus();
+    QTest::keyClick(overall, Qt::Key_Down);
+    QTest::keyClick(overall, Qt::Key_Down);
+    EXPECT_EQ(value(1152, kI2).toInt(), 1);
+    auto* notes = control<NotesEdit>(IDC_FOOD_NOTES);
+    notes->setFocus();
+    EXPECT_EQ(notes->notes(), "");
+    QTest::keyClicks(notes, "Slept well");
+    control<NumberEdit>(IDC_FOOD_WATER)->setFocus();
+    EXPECT_EQ(value(1132, kText).toString(), "Slept well");
+    EXPECT_EQ(stored().propCount(kFood, kToday), 16);
+}
+
+TEST_F(FoodLogPageTest, TheSpinsSetWaterAndWeightByOneAndBodyFatByTenths) {
+    showPage();
+    typeInto(control<NumberEdit>(IDC_FOOD_BODYFAT), "22.4");
+    QTest::mouseClick(control<UpDownControl>(IDC_FOOD_BODYFATSPIN)->upButton(), Qt::LeftButton);
+    EXPECT_EQ(control<NumberEdit>(IDC_FOOD_BODYFAT)->text(), "22.5");
+    EXPECT_DOUBLE_EQ(value(1003, kR8).toDouble(), 22.5);
+
+    typeInto(control<NumberEdit>(IDC_FOOD_WATER), "98");
+    QTest::mouseClick(control<UpDownControl>(IDC_FOOD_WATERSPIN)->upButton(), Qt::LeftButton);
+    EXPECT_EQ(value(1001, kI2).toInt(), 99);
+    QTest::mouseClick(control<UpDownControl>(IDC_FOOD_WEIGHTSPIN)->downButton(), Qt::LeftButton);
+    EXPECT_EQ(value(1002, kI2).toInt(), 0);
+    EXPECT_TRUE(m_boxes.texts().isEmpty());
+}
+
+TEST_F(FoodLogPageTest, MealsAreAddedEditedAndDeletedThroughTheListMenusAndTheMealDialog) {
+    showPage();
+    QStringList shown;
+    answerMealDialog("7:05a", {"Greek Yogurt", "Oatmeal", "", "Fish Oil"});
+    holdAndChoose(-1, ID_FOOD_ADDMEAL, &shown);
+    EXPECT_EQ(shown, QStringList{"Add Meal"});
+    EXPECT_EQ(rows(), QStringList{"7:05A|Greek Yogurt|Oatmeal||Fish Oil"});
+    EXPECT_EQ(stored().props(kFood, kToday, 1010, 1015), "1010:64,1012:31,1013:31,1014:31,1015:31");
+    EXPECT_EQ(value(1010, kFileTime).toLongLong(), StoredDays::fileTimeOf(QDate(1968, 11, 29), QTime(7, 5, 12, 12)));
+    EXPECT_EQ(value(1012, kText).toString(), "Greek Yogurt");
+
+    // The tool bar's "Add Meal": a meal with every text empty is stored with empty strings.
+    answerMealDialog({}, {});
+    trigger(ID_FOOD_ADDMEAL);
+    EXPECT_EQ(rows().value(1), "9:41A||||");
+    EXPECT_EQ(value(1018, kText), QVariant(QString("")));
+    EXPECT_EQ(counts(), "1 1 0");
+
+    shown.clear();
+    answerMealDialog("12:30p", {"Chicken", "Brown Rice", "Broccoli", ""});
+    holdAndChoose(1, ID_FOOD_EDITMEAL, &shown);
+    EXPECT_EQ(shown, QStringList({"Delete", "Edit", "", "Add Meal"}));
+    EXPECT_EQ(rows(), QStringList({"7:05A|Greek Yogurt|Oatmeal||Fish Oil", "12:30P|Chicken|Brown Rice|Broccoli|"}));
+    EXPECT_EQ(counts(), "2 2 1");
+
+    // Deleting the first meal leaves a hole: the second is stored still but no longer listed.
+    holdAndChoose(0, ID_FOOD_DELETEMEAL);
+    EXPECT_TRUE(rows().isEmpty());
+    EXPECT_EQ(counts(), "0 0 0");
+    EXPECT_EQ(stored().props(kFood, kToday, 1010, 1021), "1016:64,1018:31,1019:31,1020:31,1021:31");
+    EXPECT_TRUE(m_boxes.texts().isEmpty());
+}
+
+TEST_F(FoodLogPageTest, ASixteenthMealIsRefusedAndAMealThatCannotBeReadIsNotEdited) {
+    const FoodRecords food(kFood);
+    ASSERT_TRUE(food.EnsureDatabase());
+    ASSERT_NE(food.CreateDay(kToday), 0u);
+    for (int slot = 0; slot < 15; ++slot) {
+        Meal meal;
+        meal.time = QTime(6 + slot, 0);
+        meal.protein = QStringLiteral("Egg Whites");
+        ASSERT_TRUE(food.PutMeal(kToday, slot, meal));
+    }
+    showPage();
+    ASSERT_EQ(rows().size(), 15);
+    EXPECT_EQ(counts(), "15 0 0");
+    const QString before = stored().props(kFood, kToday);
+    answerMealDialog({}, {"Tuna"});
+    trigger(ID_FOOD_ADDMEAL);
+    EXPECT_EQ(m_boxes.texts(), QStringList{"Max meals exceeded for this day"});
+    EXPECT_EQ(stored().props(kFood, kToday), before);
+    EXPECT_EQ(rows().size(), 15);
+
+    // A meal deleted behind the page's back cannot be read for editing.
+    m_boxes.clear();
+    ASSERT_TRUE(food.DeleteMeal(kToday, 14));
+    holdAndChoose(14, ID_FOOD_EDITMEAL);
+    EXPECT_EQ(m_boxes.texts(), QStringList{"Error accessing food database on item Edit"});
+}
+
+TEST_F(FoodLogPageTest, ADateChangedHereMovesTheOtherPagesOnlyWhenCkDateIs1) {
+    showPage();
+    auto typeDate = [this](const char* date) {
+        auto* picker = control<DateControl>(IDC_FOOD_DATE);
+        QTest::mouseClick(picker, Qt::LeftButton, {}, QPoint(4, picker->height() / 2));
+        QTest::keyClicks(picker, date);
+        QTest::keyClick(picker, Qt::Key_Return);
+    };
+    auto upperDate = [this] {
+        return main().page(1)->findChild<DateControl*>(QStringLiteral("c%1").arg(IDC_STRENGTH_DATE))->date();
+    };
+    typeDate("3/10/2024");
+    EXPECT_EQ(page().shownDate(), QDate(2024, 3, 10));
+    EXPECT_EQ(stored().props(kFood, QDate(2024, 3, 10)), "64:64,1132:31");
+    EXPECT_EQ(upperDate(), kToday);
+
+    setNumber(Settings::kCkDate, 1);
+    typeDate("3/9/2024");
+    EXPECT_EQ(upperDate(), QDate(2024, 3, 9));
+}
