@@ -1,19 +1,25 @@
 // The property-database service on the object store: databases, records, the sort order, every
-// seek kind and the read loop, checked against the numbers of the Windows CE 3.0 service.
+// seek kind, the read loop and reads of a list of ids, checked against the numbers of the Windows
+// CE 3.0 service.
 
 #include "CeDatabase.h"
+#include "CallOutcome.h"
 #include "PropVals.h"
 #include "SqlReader.h"
 #include "TestDevice.h"
+#include "VolumeFiles.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <functional>
+#include <tuple>
 
 namespace {
 constexpr WORD kKey = 5; // the sort property's number in these tests
 constexpr CEPROPID kIntKey = PROP_TAG(CEVT_I4, kKey);
 constexpr CEPROPID kTextKey = PROP_TAG(CEVT_LPWSTR, kKey);
+constexpr CEPROPID kAbsent = PROP_TAG(CEVT_I4, 99);
 
 CEPROPVAL deletion(CEPROPID propid) {
     CEPROPVAL prop;
@@ -87,20 +93,16 @@ protected:
 TEST_F(CeDatabaseTest, NamesAreCheckedComparedExactlyAndKeptUnique) {
     EXPECT_NE(create("KovChestList", kTextKey), 0u);
     EXPECT_EQ(GetLastError(), ERROR_SUCCESS);
-    EXPECT_EQ(create("KovChestList", kTextKey), 0u);
-    EXPECT_EQ(GetLastError(), 52u); // ERROR_DUP_NAME
+    EXPECT_EQ(outcome(create("KovChestList", kTextKey)), (CallOutcome{0, 52})); // ERROR_DUP_NAME
     EXPECT_NE(create("kovchestlist", kTextKey), 0u);
     EXPECT_NE(create(QString(31, 'n'), kTextKey), 0u);
-    EXPECT_EQ(create(QString(32, 'n'), kTextKey), 0u);
-    EXPECT_EQ(GetLastError(), 87u);
-    EXPECT_EQ(create("", kTextKey), 0u);
-    EXPECT_EQ(GetLastError(), 87u);
+    EXPECT_EQ(outcome(create(QString(32, 'n'), kTextKey)), (CallOutcome{0, 87}));
+    EXPECT_EQ(outcome(create("", kTextKey)), (CallOutcome{0, 87}));
 
     CEDBASEINFO twoOrders;
     twoOrders.szDbaseName = "TwoOrders";
     twoOrders.wNumSortOrder = 2;
-    EXPECT_EQ(CeCreateDatabaseEx(&m_store, &twoOrders), 0u);
-    EXPECT_EQ(GetLastError(), 87u);
+    EXPECT_EQ(outcome(CeCreateDatabaseEx(&m_store, &twoOrders)), (CallOutcome{0, 87}));
 
     EXPECT_EQ(open("KovBackList", 0), INVALID_HANDLE_VALUE);
     EXPECT_EQ(GetLastError(), 2u); // ERROR_FILE_NOT_FOUND
@@ -137,8 +139,7 @@ TEST_F(CeDatabaseTest, EnumeratesAndDescribesDatabasesAndRecords) {
     ASSERT_TRUE(CeOidGetInfoEx(&m_store, ann, &info));
     EXPECT_EQ(info.wObjType, OBJTYPE_RECORD);
     EXPECT_EQ(info.infRecord.oidParent, users);
-    EXPECT_FALSE(CeOidGetInfoEx(&m_store, 0x7FFFFFFF, &info));
-    EXPECT_EQ(GetLastError(), 87u);
+    EXPECT_EQ(outcome(CeOidGetInfoEx(&m_store, 0x7FFFFFFF, &info)), (CallOutcome{0, 87}));
 }
 
 TEST_F(CeDatabaseTest, DeletingADatabaseTakesItsRecordsAndInvalidatesItsHandles) {
@@ -151,67 +152,59 @@ TEST_F(CeDatabaseTest, DeletingADatabaseTakesItsRecordsAndInvalidatesItsHandles)
     EXPECT_EQ(sql.value("SELECT count(*) FROM records WHERE db = ?", {oid}).toLongLong(), 0);
     EXPECT_EQ(sql.value("SELECT count(*) FROM props").toLongLong(), 0);
     std::vector<CEPROPVAL> props;
-    EXPECT_EQ(CeReadRecordProps(db, 0, &props), 0u);
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
-    EXPECT_FALSE(CeDeleteDatabaseEx(&m_store, oid));
-    EXPECT_EQ(GetLastError(), 87u);
+    EXPECT_EQ(outcome(CeReadRecordProps(db, 0, &props)), (CallOutcome{0, ERROR_INVALID_HANDLE}));
+    EXPECT_EQ(outcome(CeDeleteDatabaseEx(&m_store, oid)), (CallOutcome{0, 87}));
 }
 
 TEST_F(CeDatabaseTest, EveryPropertyTypeRoundTripsAndIsStoredAsItsSqlType) {
+    const auto prop = [](CEPROPID propid, const std::function<void(CEVALUNION&)>& set) {
+        CEPROPVAL value;
+        value.propid = propid;
+        set(value.val);
+        return value;
+    };
+    // In the order they read back: by unsigned id, the highest id (an empty text) last.
+    const std::vector<std::tuple<CEPROPVAL, QString, QVariant>> table = {
+        {prop(PROP_TAG(CEVT_I2, 1), [](auto& v) { v.iVal = -32768; }), "integer", qint64(-32768)},
+        {prop(PROP_TAG(CEVT_UI2, 2), [](auto& v) { v.uiVal = 65535; }), "integer", qint64(65535)},
+        {prop(PROP_TAG(CEVT_I4, 3), [](auto& v) { v.lVal = INT_MIN; }), "integer", qint64(INT_MIN)},
+        {prop(PROP_TAG(CEVT_UI4, 4), [](auto& v) { v.ulVal = 0xFFFFFFFFu; }), "integer", qint64(4294967295)},
+        {prop(PROP_TAG(CEVT_BOOL, 5), [](auto& v) { v.boolVal = TRUE; }), "integer", qint64(1)},
+        {prop(PROP_TAG(CEVT_R8, 6), [](auto& v) { v.dblVal = -102.25; }), "real", -102.25},
+        {prop(PROP_TAG(CEVT_LPWSTR, 7), [](auto& v) { v.lpwstr = QString::fromUtf8("Übung 10×"); }), "text",
+         QString::fromUtf8("Übung 10×")},
+        {prop(PROP_TAG(CEVT_FILETIME, 8),
+              [](auto& v) {
+                  v.filetime = FILETIME{0x12345678, 0x01C0FFEE};
+              }),
+         "integer", qint64(0x01C0FFEE12345678)},
+        {prop(PROP_TAG(CEVT_BLOB, 9), [](auto& v) { v.blob = QByteArray("\x00\x01\xFF", 3); }), "blob",
+         QByteArray("\x00\x01\xFF", 3)},
+        {prop(0xFFFF001Fu, [](auto&) {}), "text", QString("")},
+    };
     create("Types", 0);
     HANDLE db = open("Types", 0);
-    std::vector<CEPROPVAL> props(10);
-    props[0].propid = PROP_TAG(CEVT_BLOB, 9);
-    props[0].val.blob = QByteArray("\x00\x01\xFF", 3);
-    props[1].propid = PROP_TAG(CEVT_I2, 1);
-    props[1].val.iVal = -32768;
-    props[2].propid = PROP_TAG(CEVT_UI2, 2);
-    props[2].val.uiVal = 65535;
-    props[3].propid = PROP_TAG(CEVT_I4, 3);
-    props[3].val.lVal = INT_MIN;
-    props[4].propid = PROP_TAG(CEVT_UI4, 4);
-    props[4].val.ulVal = 0xFFFFFFFFu;
-    props[5].propid = PROP_TAG(CEVT_BOOL, 5);
-    props[5].val.boolVal = TRUE;
-    props[6].propid = PROP_TAG(CEVT_R8, 6);
-    props[6].val.dblVal = -102.25;
-    props[7].propid = PROP_TAG(CEVT_LPWSTR, 7);
-    props[7].val.lpwstr = QString::fromUtf8("Übung 10×");
-    props[8].propid = PROP_TAG(CEVT_FILETIME, 8);
-    props[8].val.filetime = FILETIME{0x12345678, 0x01C0FFEE};
-    props[9].propid = PROP_TAG(CEVT_LPWSTR, 0xFFFF); // the highest id: last in unsigned order
-    const CEOID oid = CeWriteRecordProps(db, 0, props);
+    std::vector<CEPROPVAL> written;
+    for (auto row = table.rbegin(); row != table.rend(); ++row) {
+        written.push_back(std::get<0>(*row));
+    }
+    const CEOID oid = CeWriteRecordProps(db, 0, written);
     ASSERT_NE(oid, 0u);
-
     ASSERT_EQ(CeSeekDatabase(db, CEDB_SEEK_CEOID, oid), oid);
     const std::vector<CEPROPVAL> back = read(db, oid);
-    ASSERT_EQ(back.size(), 10u);
-    EXPECT_EQ(back[0].val.iVal, -32768);
-    EXPECT_EQ(back[1].val.uiVal, 65535);
-    EXPECT_EQ(back[2].val.lVal, INT_MIN);
-    EXPECT_EQ(back[3].val.ulVal, 0xFFFFFFFFu);
-    EXPECT_EQ(back[4].val.boolVal, TRUE);
-    EXPECT_EQ(back[5].val.dblVal, -102.25);
-    EXPECT_EQ(back[6].val.lpwstr, QString::fromUtf8("Übung 10×"));
-    EXPECT_EQ(back[7].val.filetime, (FILETIME{0x12345678, 0x01C0FFEE}));
-    EXPECT_EQ(back[8].val.blob, QByteArray("\x00\x01\xFF", 3));
-    EXPECT_EQ(back[9].propid, 0xFFFF001Fu);
-    EXPECT_TRUE(back[9].val.lpwstr.isEmpty());
+    ASSERT_EQ(back.size(), table.size());
 
+    const auto fields = [](const CEVALUNION& v) {
+        return std::tie(v.iVal, v.uiVal, v.lVal, v.ulVal, v.filetime, v.lpwstr, v.blob, v.boolVal, v.dblVal);
+    };
     SqlReader sql(m_device.paths().objectStore());
     const QString value = "SELECT %1 FROM props WHERE record = ? AND propid = ?";
-    const std::vector<std::tuple<CEPROPID, QString, QVariant>> stored = {
-        {PROP_TAG(CEVT_I2, 1), "integer", qint64(-32768)},
-        {PROP_TAG(CEVT_UI4, 4), "integer", qint64(4294967295)},
-        {PROP_TAG(CEVT_R8, 6), "real", -102.25},
-        {PROP_TAG(CEVT_LPWSTR, 7), "text", QString::fromUtf8("Übung 10×")},
-        {PROP_TAG(CEVT_FILETIME, 8), "integer", qint64(0x01C0FFEE12345678)},
-        {PROP_TAG(CEVT_BLOB, 9), "blob", QByteArray("\x00\x01\xFF", 3)},
-        {0xFFFF001Fu, "text", QString("")},
-    };
-    for (const auto& [propid, type, expected] : stored) {
-        EXPECT_EQ(sql.value(value.arg("typeof(value)"), {oid, qint64(propid)}).toString(), type) << propid;
-        EXPECT_EQ(sql.value(value.arg("value"), {oid, qint64(propid)}), expected) << propid;
+    for (size_t i = 0; i < table.size(); ++i) {
+        const auto& [expected, type, stored] = table[i];
+        EXPECT_EQ(back[i].propid, expected.propid) << i;
+        EXPECT_TRUE(fields(back[i].val) == fields(expected.val)) << i;
+        EXPECT_EQ(sql.value(value.arg("typeof(value)"), {oid, qint64(expected.propid)}).toString(), type) << i;
+        EXPECT_EQ(sql.value(value.arg("value"), {oid, qint64(expected.propid)}), stored) << i;
     }
 }
 
@@ -225,11 +218,9 @@ TEST_F(CeDatabaseTest, AWriteReplacesOnlyTheNamedPropertiesWholeOrNotAtAll) {
 
     CEPROPVAL unknownType;
     unknownType.propid = PROP_TAG(7, 6);
-    EXPECT_EQ(CeWriteRecordProps(db, oid, {i4(1, 100), unknownType}), 0u);
-    EXPECT_EQ(GetLastError(), 87u);
+    EXPECT_EQ(outcome(CeWriteRecordProps(db, oid, {i4(1, 100), unknownType})), (CallOutcome{0, 87}));
     HANDLE other = open("Other", kIntKey);
-    EXPECT_EQ(CeWriteRecordProps(other, oid, {i4(1, 100)}), 0u);
-    EXPECT_EQ(GetLastError(), 87u);
+    EXPECT_EQ(outcome(CeWriteRecordProps(other, oid, {i4(1, 100)})), (CallOutcome{0, 87}));
 
     ASSERT_EQ(CeSeekDatabase(db, CEDB_SEEK_CEOID, oid), oid);
     const std::vector<CEPROPVAL> props = read(db, oid);
@@ -320,8 +311,7 @@ TEST_F(CeDatabaseTest, ValueSeeksCompareWithTheSortProperty) {
     EXPECT_EQ(seek(CEDB_SEEK_VALUESMALLER, 10), 0u);
     EXPECT_EQ(seek(CEDB_SEEK_VALUEGREATER, 21), r[3]);
     EXPECT_EQ(seek(CEDB_SEEK_VALUEGREATER, 31), 0u);
-    EXPECT_EQ(seek(CEDB_SEEK_VALUEFIRSTEQUAL, 25), 0u);
-    EXPECT_EQ(GetLastError(), 259u);
+    EXPECT_EQ(outcome(seek(CEDB_SEEK_VALUEFIRSTEQUAL, 25)), (CallOutcome{0, 259}));
     EXPECT_EQ(seek(CEDB_SEEK_VALUEGREATER, 20, &index), r[1]); // greater than or equal
     EXPECT_EQ(index, 1u);
     EXPECT_EQ(seek(CEDB_SEEK_VALUEFIRSTEQUAL, 20), r[1]);
@@ -329,10 +319,8 @@ TEST_F(CeDatabaseTest, ValueSeeksCompareWithTheSortProperty) {
     EXPECT_EQ(seek(CEDB_SEEK_VALUENEXTEQUAL, 20), 0u); // the next one holds 30
     EXPECT_EQ(CeSeekDatabase(db, CEDB_SEEK_CURRENT, 0), 0u);
 
-    EXPECT_EQ(CeSeekDatabase(db, CEDB_SEEK_VALUEFIRSTEQUAL, i4(kKey + 1, 20)), 0u);
-    EXPECT_EQ(GetLastError(), 87u);
-    EXPECT_EQ(CeSeekDatabase(open("Log", 0), CEDB_SEEK_VALUEFIRSTEQUAL, i4(kKey, 20)), 0u);
-    EXPECT_EQ(GetLastError(), 87u);
+    EXPECT_EQ(outcome(CeSeekDatabase(db, CEDB_SEEK_VALUEFIRSTEQUAL, i4(kKey + 1, 20))), (CallOutcome{0, 87}));
+    EXPECT_EQ(outcome(CeSeekDatabase(open("Log", 0), CEDB_SEEK_VALUEFIRSTEQUAL, i4(kKey, 20))), (CallOutcome{0, 87}));
 }
 
 TEST_F(CeDatabaseTest, AutoIncrementReadsFromTheFirstRecordToNoMoreItems) {
@@ -357,6 +345,96 @@ TEST_F(CeDatabaseTest, AutoIncrementReadsFromTheFirstRecordToNoMoreItems) {
     ASSERT_EQ(CeSeekDatabase(still, CEDB_SEEK_BEGINNING, 1), r[2]);
     ASSERT_TRUE(CeDeleteRecord(still, r[2]));
     read(still, r[0]);
-    EXPECT_FALSE(CeDeleteRecord(still, r[2]));
-    EXPECT_EQ(GetLastError(), 87u);
+    EXPECT_EQ(outcome(CeDeleteRecord(still, r[2])), (CallOutcome{0, 87}));
+}
+
+// Reading a list of property ids: each id asked comes back in the order asked, matched on number
+// and type, flagged CEDB_PROPNOTFOUND when the record lacks it.
+TEST_F(CeDatabaseTest, AListReadGivesTheIdsAskedInTheirOrderAndFlagsThoseTheRecordLacks) {
+    create("Log", kIntKey);
+    HANDLE db = open("Log", kIntKey);
+    CEPROPVAL weight;
+    weight.propid = PROP_TAG(CEVT_R8, 9);
+    weight.val.dblVal = 102.5;
+    const CEOID oid =
+        CeWriteRecordProps(db, 0, {i4(5, 1), text(7, "Bench Press"), i4(8, 80), weight, text(300, "far")});
+    ASSERT_NE(oid, 0u);
+
+    // Any order, an id twice, a number stored with another type, a missing id.
+    const std::vector<CEPROPID> wanted = {PROP_TAG(CEVT_R8, 9), PROP_TAG(CEVT_LPWSTR, 7), PROP_TAG(CEVT_LPWSTR, 8),
+                                          kAbsent, PROP_TAG(CEVT_LPWSTR, 7)};
+    std::vector<CEPROPVAL> props;
+    ASSERT_EQ(CeReadRecordProps(db, 0, wanted, &props), oid);
+    EXPECT_EQ(GetLastError(), 0u);
+    ASSERT_EQ(props.size(), 5u);
+    for (size_t i = 0; i < wanted.size(); ++i) {
+        EXPECT_EQ(props[i].propid, wanted[i]) << i;
+        EXPECT_EQ(props[i].wFlags, i == 2 || i == 3 ? CEDB_PROPNOTFOUND : 0) << i;
+    }
+    EXPECT_EQ(props[0].val.dblVal, 102.5);
+    EXPECT_EQ(props[1].val.lpwstr, "Bench Press");
+    EXPECT_EQ(props[4].val.lpwstr, "Bench Press");
+
+    // The same vector again: entries found before and missing now come back flagged; without the
+    // auto-increment flag the record stays current.
+    ASSERT_EQ(CeReadRecordProps(db, 0, {PROP_TAG(CEVT_LPWSTR, 300), PROP_TAG(CEVT_R8, 10)}, &props), oid);
+    ASSERT_EQ(props.size(), 2u);
+    EXPECT_EQ(props[0].val.lpwstr, "far");
+    EXPECT_EQ(props[0].wFlags, 0);
+    EXPECT_EQ(props[1].wFlags, CEDB_PROPNOTFOUND);
+    ASSERT_EQ(CeReadRecordProps(db, 0, {}, &props), oid);
+    EXPECT_TRUE(props.empty());
+}
+
+TEST_F(CeDatabaseTest, AListReadStepsLikeAWholeReadAndFailsOnlyForValuesAsked) {
+    create("Log", kIntKey);
+    const std::vector<CEOID> r = addKeyed(open("Log", kIntKey), {1, 2, 3});
+    // Record 2 holds a text where an I4 belongs, written behind the platform's back.
+    VolumeFiles::runSql(m_device.paths().objectStore(),
+                        QStringLiteral("INSERT INTO props VALUES (%1, %2, 'not a number')")
+                            .arg(r[1])
+                            .arg(PROP_TAG(CEVT_I4, 2))
+                            .toUtf8()
+                            .constData());
+
+    HANDLE loop = open("Log", kIntKey, CEDB_AUTOINCREMENT);
+    std::vector<CEPROPVAL> props;
+    std::vector<LONG> values;
+    for (CEOID oid = CeReadRecordProps(loop, 0, {PROP_TAG(CEVT_I4, 1)}, &props); oid != 0;
+         oid = CeReadRecordProps(loop, 0, {PROP_TAG(CEVT_I4, 1)}, &props)) {
+        values.push_back(props.at(0).val.lVal);
+    }
+    EXPECT_EQ(GetLastError(), 259u);
+    EXPECT_EQ(values, (std::vector<LONG>{0, 1, 2}));
+
+    HANDLE db = open("Log", kIntKey);
+    ASSERT_EQ(CeSeekDatabase(db, CEDB_SEEK_CEOID, r[1]), r[1]);
+    EXPECT_EQ(outcome(CeReadRecordProps(db, 0, {PROP_TAG(CEVT_I4, 1), PROP_TAG(CEVT_I4, 2)}, &props)),
+              (CallOutcome{0, 13})); // ERROR_INVALID_DATA; the pointer stays
+    EXPECT_EQ(CeReadRecordProps(db, 0, {PROP_TAG(CEVT_I4, 1), PROP_TAG(CEVT_I4, 3)}, &props), r[1]);
+
+    EXPECT_EQ(outcome(CeReadRecordProps(INVALID_HANDLE_VALUE, 0, {kIntKey}, &props)), (CallOutcome{0, 6}));
+    EXPECT_EQ(outcome(CeReadRecordProps(db, 0, {kIntKey}, nullptr)), (CallOutcome{0, 87}));
+    EXPECT_EQ(CeSeekDatabase(db, CEDB_SEEK_CURRENT, 5), 0u);
+    EXPECT_EQ(outcome(CeReadRecordProps(db, 0, {kIntKey}, &props)), (CallOutcome{0, 259}));
+}
+
+TEST_F(CeDatabaseTest, AListReadOfARecordLackingEveryIdReadsUnlessItWasDeleted) {
+    create("Log", kIntKey);
+    HANDLE db = open("Log", kIntKey);
+    const std::vector<CEOID> r = addKeyed(db, {1, 2, 3});
+    std::vector<CEPROPVAL> props;
+    ASSERT_EQ(CeSeekDatabase(db, CEDB_SEEK_CEOID, r[0]), r[0]);
+    ASSERT_EQ(CeReadRecordProps(db, 0, {kAbsent}, &props), r[0]);
+    EXPECT_EQ(props.at(0).wFlags, CEDB_PROPNOTFOUND);
+
+    // Deleted through this handle or another one after it became current: the read reads the
+    // record that follows its place.
+    ASSERT_TRUE(CeDeleteRecord(db, r[0]));
+    EXPECT_EQ(CeReadRecordProps(db, 0, {kAbsent}, &props), r[1]);
+    HANDLE other = open("Log", kIntKey);
+    ASSERT_TRUE(CeDeleteRecord(other, r[1]));
+    EXPECT_EQ(CeReadRecordProps(db, 0, {kAbsent}, &props), r[2]);
+    ASSERT_TRUE(CeDeleteRecord(other, r[2]));
+    EXPECT_EQ(outcome(CeReadRecordProps(db, 0, {kAbsent}, &props)), (CallOutcome{0, 259}));
 }

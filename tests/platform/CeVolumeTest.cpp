@@ -1,6 +1,7 @@
 // Database volumes: the four mount modes, what survives an unmount, the files that are refused,
 // and a volume made with plain SQL by someone else.
 
+#include "CallOutcome.h"
 #include "CeDatabase.h"
 #include "SqlReader.h"
 #include "TestDevice.h"
@@ -31,20 +32,13 @@ INSERT INTO props VALUES (100, 4194368, 2000), (100, 65567, 'two'),
                          (102, 131077, 2.5);
 )sql";
 
-using VolumeFiles::readFile;
+using VolumeFiles::mount;
 using VolumeFiles::runSql;
 using VolumeFiles::writeFile;
 
 class CeVolumeTest : public ::testing::Test {
 protected:
     QString file(const QString& name) const { return m_device.paths().myDocuments() + '/' + name; }
-
-    // Mounts path, or reports the mount's last error as a failure of the test.
-    CEGUID mount(const QString& path, DWORD mode) {
-        CEGUID guid;
-        EXPECT_TRUE(CeMountDBVol(&guid, path, mode)) << "last error " << GetLastError();
-        return guid;
-    }
 
     static DWORD mountError(const QString& path, DWORD mode) {
         CEGUID guid;
@@ -62,11 +56,7 @@ protected:
     }
 
     static CEOID createCopy(const CEGUID& guid, const QString& name) {
-        CEDBASEINFO info;
-        info.szDbaseName = name;
-        info.wNumSortOrder = 1;
-        info.rgSortSpecs[0].propid = PROP_TAG(CEVT_FILETIME, 0);
-        return CeCreateDatabaseEx(&guid, &info);
+        return VolumeFiles::createDatabase(guid, name, PROP_TAG(CEVT_FILETIME, 0));
     }
 
     TestDevice m_device;
@@ -98,8 +88,7 @@ TEST_F(CeVolumeTest, MountModesCreateOpenAndReplaceAsAsked) {
     EXPECT_EQ(mountError(other, OPEN_EXISTING), ERROR_SHARING_VIOLATION);
     EXPECT_EQ(mountError(m_device.paths().objectStore(), OPEN_EXISTING), ERROR_SHARING_VIOLATION);
     EXPECT_TRUE(CeUnmountDBVol(&guid));
-    EXPECT_FALSE(CeUnmountDBVol(&guid));
-    EXPECT_EQ(GetLastError(), 87u);
+    EXPECT_EQ(outcome(CeUnmountDBVol(&guid)), (CallOutcome{0, 87}));
 
     SqlReader sql(other);
     EXPECT_EQ(sql.value("PRAGMA application_id").toLongLong(), 1263490625);
@@ -121,8 +110,7 @@ TEST_F(CeVolumeTest, RecordsSurviveUnmountWhileHandlesOnTheVolumeDie) {
     ASSERT_TRUE(CeUnmountDBVol(&guid));
 
     std::vector<CEPROPVAL> props;
-    EXPECT_EQ(CeReadRecordProps(db, 0, &props), 0u);
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(outcome(CeReadRecordProps(db, 0, &props)), (CallOutcome{0, ERROR_INVALID_HANDLE}));
     EXPECT_TRUE(CloseHandle(db));
 
     const CEGUID again = mount(path, OPEN_EXISTING);
@@ -147,10 +135,8 @@ TEST_F(CeVolumeTest, FilesThatAreNotVolumesAreRefusedAndLeftAlone) {
     const QString otherApp = file("other.kov");
     runSql(otherApp, "PRAGMA application_id = 42; CREATE TABLE databases (oid INTEGER PRIMARY KEY);");
     const QString noProps = file("noprops.kov");
-    runSql(noProps, "PRAGMA application_id = 1263490625; PRAGMA user_version = 1;"
-                    "CREATE TABLE databases (oid INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE,"
-                    " type INTEGER NOT NULL, sort_propid INTEGER, sort_flags INTEGER NOT NULL DEFAULT 0) STRICT;"
-                    "CREATE TABLE records (oid INTEGER PRIMARY KEY, db INTEGER NOT NULL, sort_key ANY) STRICT;");
+    runSql(noProps, kHandMadeVolume);
+    runSql(noProps, "DROP TABLE props");
     // A real volume with a page of its catalogue overwritten.
     const QString damaged = file("damaged.kov");
     CEGUID guid = mount(damaged, CREATE_NEW);
@@ -158,10 +144,7 @@ TEST_F(CeVolumeTest, FilesThatAreNotVolumesAreRefusedAndLeftAlone) {
         createCopy(guid, QStringLiteral("Copy%1").arg(i));
     }
     CeUnmountDBVol(&guid);
-    QByteArray pages = readFile(damaged);
-    ASSERT_GT(pages.size(), 3 * 4096);
-    pages.replace(3 * 4096 - 200, 150, QByteArray(150, '\x5A')); // the name index's cells
-    writeFile(damaged, pages);
+    VolumeFiles::damageThirdPage(damaged);
 
     // Byte for byte, and without a -wal or -shm left beside them.
     for (const QString& path : {random, otherApp, noProps, damaged}) {
@@ -195,8 +178,7 @@ TEST_F(CeVolumeTest, AVolumeMadeWithPlainSqlIsReadAsWritten) {
     // 1000 comes first, but its record holds a text where an I4 belongs: that read fails and the
     // pointer stays; the next record reads as written.
     std::vector<CEPROPVAL> props;
-    EXPECT_EQ(CeReadRecordProps(db, 0, &props), 0u);
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_DATA);
+    EXPECT_EQ(outcome(CeReadRecordProps(db, 0, &props)), (CallOutcome{0, ERROR_INVALID_DATA}));
     ASSERT_EQ(CeSeekDatabase(db, CEDB_SEEK_CURRENT, 1), 100u);
     ASSERT_EQ(CeReadRecordProps(db, 0, &props), 100u);
     ASSERT_EQ(props.size(), 2u);
@@ -205,8 +187,7 @@ TEST_F(CeVolumeTest, AVolumeMadeWithPlainSqlIsReadAsWritten) {
     ASSERT_EQ(CeReadRecordProps(db, 0, &props), 102u); // no day key: after the others
     ASSERT_EQ(props.size(), 1u);
     EXPECT_EQ(props[0].val.dblVal, 2.5);
-    EXPECT_EQ(CeReadRecordProps(db, 0, &props), 0u);
-    EXPECT_EQ(GetLastError(), 259u);
+    EXPECT_EQ(outcome(CeReadRecordProps(db, 0, &props)), (CallOutcome{0, 259}));
 
     // New objects never take an id the file already uses.
     const CEOID added = CeWriteRecordProps(db, 0, {});
@@ -228,11 +209,7 @@ TEST_F(CeVolumeTest, TheObjectStoreIsCheckedPageByPageAfterASessionThatDidNotEnd
 
     // A killed session leaves the mark; the same damage as above is then found at the next start.
     runSql(store, "UPDATE meta SET value = 1 WHERE name = 'in_use'");
-    QByteArray pages = readFile(store);
-    ASSERT_GT(pages.size(), 3 * 4096);
-    pages.replace(3 * 4096 - 200, 150, QByteArray(150, '\x5A'));
-    writeFile(store, pages);
-    EXPECT_FALSE(CeMountObjectStore(store));
-    EXPECT_EQ(GetLastError(), ERROR_BADDB);
+    VolumeFiles::damageThirdPage(store);
+    EXPECT_EQ(outcome(CeMountObjectStore(store)), (CallOutcome{0, ERROR_BADDB}));
     EXPECT_TRUE(CeMountObjectStore(m_device.paths().myDocuments() + "/other.db")); // for the fixture to unmount
 }

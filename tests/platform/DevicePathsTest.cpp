@@ -85,8 +85,3 @@ TEST(DevicePaths, MapsDevicePathsInsideTheFolderOnly) {
     EXPECT_EQ(paths.hostPath("..\\device2\\x"), root + "/device2/x");
     EXPECT_EQ(paths.hostPath("\\Windows\\.\\..\\Windows\\goals.dat"), root + "/Windows/goals.dat");
 }
-
-TEST(DevicePaths, CurrentIsTheOneSet) {
-    DevicePaths::setCurrent(DevicePaths("/tmp/one-device"));
-    EXPECT_EQ(DevicePaths::current().windowsFolder(), "/tmp/one-device/Windows");
-}

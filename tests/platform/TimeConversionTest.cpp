@@ -39,14 +39,9 @@ TEST(TimeConversion, KnownInstantsAndWeekdays) {
 TEST(TimeConversion, RoundTripsEveryDayAcrossCenturyAndLeapYears) {
     const qint64 epoch = QDate(1601, 1, 1).toJulianDay();
     for (QDate day(1899, 12, 25); day <= QDate(2101, 1, 5); day = day.addDays(1)) {
-        const SYSTEMTIME st{static_cast<WORD>(day.year()),
-                            static_cast<WORD>(day.month()),
-                            static_cast<WORD>(day.dayOfWeek() % 7),
-                            static_cast<WORD>(day.day()),
-                            23,
-                            59,
-                            58,
-                            987};
+        const auto field = [](int value) { return static_cast<WORD>(value); };
+        const SYSTEMTIME st{
+            field(day.year()), field(day.month()), field(day.dayOfWeek() % 7), field(day.day()), 23, 59, 58, 987};
         const std::uint64_t expected =
             static_cast<std::uint64_t>(day.toJulianDay() - epoch) * kTicksPerDay + 86'398'987ull * 10'000;
         ASSERT_EQ(ticksOf(st), expected) << day.toString(Qt::ISODate).toStdString();

@@ -3,6 +3,7 @@
 // group write, or the creation of a database or a volume. A refused file is left byte for byte as
 // it was; a failed operation says so and leaves the old state or the new, never a mix.
 
+#include "CallOutcome.h"
 #include "CeDatabase.h"
 #include "DurabilityRecord.h"
 #include "ErrorMessage.h"
@@ -19,19 +20,10 @@
 namespace {
 const QString kLog = QStringLiteral("Kov2Food");
 
-CEGUID mount(const QString& path, DWORD mode) {
-    CEGUID guid;
-    EXPECT_TRUE(CeMountDBVol(&guid, path, mode)) << "last error " << GetLastError();
-    return guid;
-}
+using VolumeFiles::mount;
 
 CEOID createLog(const CEGUID& guid, const QString& name) {
-    CEDBASEINFO info;
-    info.szDbaseName = name;
-    info.dwDbaseType = 12345;
-    info.wNumSortOrder = 1;
-    info.rgSortSpecs[0].propid = DurabilityRecord::kSeed;
-    return CeCreateDatabaseEx(&guid, &info);
+    return VolumeFiles::createDatabase(guid, name, DurabilityRecord::kSeed, 12345);
 }
 
 HANDLE openLog(const CEGUID& guid) {
@@ -93,13 +85,11 @@ TEST_F(VolumeFaultTest, AStoreRefusedForALogFromElsewhereIsLeftByteForByte) {
         CeUnmountDBVol(&guid);
 
         const QList<QByteArray> before = VolumeFiles::withCompanions(store);
-        EXPECT_FALSE(CeMountObjectStore(store));
-        EXPECT_EQ(GetLastError(), ERROR_BADDB);
+        EXPECT_EQ(outcome(CeMountObjectStore(store)), (CallOutcome{0, ERROR_BADDB}));
         EXPECT_EQ(VolumeFiles::withCompanions(store), before);
         // The same file offered as a backup to restore.
         CEGUID restore;
-        EXPECT_FALSE(CeMountDBVol(&restore, store, OPEN_EXISTING));
-        EXPECT_EQ(GetLastError(), ERROR_BADDB);
+        EXPECT_EQ(outcome(CeMountDBVol(&restore, store, OPEN_EXISTING)), (CallOutcome{0, ERROR_BADDB}));
         EXPECT_EQ(VolumeFiles::withCompanions(store), before);
     }
     EXPECT_EQ(ErrorMessage::forPath(store, ERROR_BADDB),
@@ -116,8 +106,7 @@ TEST_F(VolumeFaultTest, AFolderThatCannotBeWrittenAndAFullDiskAreToldAndChangeNo
 
     FaultyVfs vfs;
     vfs.failCreation();
-    EXPECT_FALSE(CeMountObjectStore(store));
-    EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(outcome(CeMountObjectStore(store)), (CallOutcome{0, ERROR_ACCESS_DENIED}));
     EXPECT_EQ(ErrorMessage::forPath(store, GetLastError()),
               "Kovalin cannot write to " + store + ": permission is denied (error 5).");
     EXPECT_EQ(VolumeFiles::withCompanions(store), before);
@@ -131,8 +120,7 @@ TEST_F(VolumeFaultTest, AFolderThatCannotBeWrittenAndAFullDiskAreToldAndChangeNo
     EXPECT_EQ(ErrorMessage::forPath(store, ERROR_DISK_FULL),
               "Kovalin cannot write to " + store + ": the disk is full (error 112).");
     vfs.failCall(FaultyVfs::Call::Sync, 1, false);
-    EXPECT_FALSE(CeMountObjectStore(store));
-    EXPECT_EQ(GetLastError(), ERROR_WRITE_FAULT);
+    EXPECT_EQ(outcome(CeMountObjectStore(store)), (CallOutcome{0, ERROR_WRITE_FAULT}));
     EXPECT_EQ(VolumeFiles::withCompanions(store), before);
 
     vfs.disarm();

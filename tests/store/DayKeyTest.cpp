@@ -2,36 +2,23 @@
 
 #include <gtest/gtest.h>
 
-TEST(DayKey, IsTheDayAtTwelveTwelveTwelveAsAFileTime) {
+TEST(DayKey, IsTheDayAtTwelveTwelveTwelveAsAFileTimeInProperty64) {
     EXPECT_EQ(fileTimeTicks(DayKey::of(QDate(2003, 3, 7))), 126915127320120000ull);
     EXPECT_EQ(fileTimeTicks(DayKey::referenceDay()), 116101303320120000ull);
-    // One day later is exactly 24 hours of 100-nanosecond ticks later.
-    EXPECT_EQ(fileTimeTicks(DayKey::of(QDate(2003, 3, 8))) - fileTimeTicks(DayKey::of(QDate(2003, 3, 7))),
-              864000000000ull);
+    EXPECT_EQ(fileTimeTicks(DayKey::of(QDate(2003, 3, 8))), 126915127320120000ull + 864000000000ull);
+    EXPECT_EQ(fileTimeTicks(DayKey::of(QDate())), 0u);
+    const DbProp prop = DayKey::prop(QDate(2003, 3, 7));
+    EXPECT_EQ(prop.id(), 0x00400040u);
+    EXPECT_EQ(fileTimeTicks(prop.toFileTime()), 126915127320120000ull);
+    for (const QDate day : {QDate(1968, 11, 29), QDate(2000, 2, 29), QDate(2026, 12, 31)}) {
+        EXPECT_EQ(DayKey::dateOf(DayKey::of(day)), day);
+    }
 }
 
 TEST(DayKey, CarriesTheWeekdayPlusOneInTheSystemTime) {
     // 7 March 2003 was a Friday: weekday 5 with Sunday 0, so the field holds 6.
-    const SYSTEMTIME st = DayKey::systemTimeOf(QDate(2003, 3, 7));
-    EXPECT_EQ(st.wDayOfWeek, 6);
-    EXPECT_EQ(st.wHour, 12);
-    EXPECT_EQ(st.wMinute, 12);
-    EXPECT_EQ(st.wSecond, 12);
-    EXPECT_EQ(st.wMilliseconds, 12);
+    EXPECT_EQ(DayKey::systemTimeOf(QDate(2003, 3, 7)), (SYSTEMTIME{2003, 3, 6, 7, 12, 12, 12, 12}));
     EXPECT_EQ(DayKey::systemTimeOf(QDate(2026, 11, 22)).wDayOfWeek, 1); // a Sunday
-}
-
-TEST(DayKey, PropertyIsNumber64OfTypeFileTime) {
-    const DbProp prop = DayKey::prop(QDate(2003, 3, 7));
-    EXPECT_EQ(prop.id(), 0x00400040u);
-    EXPECT_EQ(prop.toFileTime(), DayKey::of(QDate(2003, 3, 7)));
-}
-
-TEST(DayKey, TurnsBackIntoItsDay) {
-    for (const QDate day : {QDate(1968, 11, 29), QDate(2000, 2, 29), QDate(2026, 12, 31)}) {
-        EXPECT_EQ(DayKey::dateOf(DayKey::of(day)), day);
-    }
-    EXPECT_EQ(fileTimeTicks(DayKey::of(QDate())), 0u);
 }
 
 TEST(DayKey, TimesOfDayLieOnTheReferenceDay) {

@@ -45,66 +45,26 @@ int inject(FaultyVfs::Call call) {
     }
 }
 
+// A call passed on to the real file as it is.
+template <auto method, typename... Args> auto pass(sqlite3_file* file, Args... args) {
+    return (real(file)->pMethods->*method)(real(file), args...);
+}
+
+// A call passed on unless the armed failure falls on it.
+template <auto method, FaultyVfs::Call call, typename... Args> int faulty(sqlite3_file* file, Args... args) {
+    const int fault = inject(call);
+    return fault != SQLITE_OK ? fault : (real(file)->pMethods->*method)(real(file), args...);
+}
+
 int close(sqlite3_file* file) {
     const int result = real(file)->pMethods != nullptr ? real(file)->pMethods->xClose(real(file)) : SQLITE_OK;
     sqlite3_free(real(file));
     return result;
 }
-int read(sqlite3_file* file, void* buffer, int amount, sqlite3_int64 offset) {
-    return real(file)->pMethods->xRead(real(file), buffer, amount, offset);
-}
-int write(sqlite3_file* file, const void* buffer, int amount, sqlite3_int64 offset) {
-    const int fault = inject(FaultyVfs::Call::Write);
-    return fault != SQLITE_OK ? fault : real(file)->pMethods->xWrite(real(file), buffer, amount, offset);
-}
-int truncate(sqlite3_file* file, sqlite3_int64 size) {
-    return real(file)->pMethods->xTruncate(real(file), size);
-}
-int sync(sqlite3_file* file, int flags) {
-    const int fault = inject(FaultyVfs::Call::Sync);
-    return fault != SQLITE_OK ? fault : real(file)->pMethods->xSync(real(file), flags);
-}
-int fileSize(sqlite3_file* file, sqlite3_int64* size) {
-    return real(file)->pMethods->xFileSize(real(file), size);
-}
-int lock(sqlite3_file* file, int level) {
-    const int fault = inject(FaultyVfs::Call::Lock);
-    return fault != SQLITE_OK ? fault : real(file)->pMethods->xLock(real(file), level);
-}
-int unlock(sqlite3_file* file, int level) {
-    return real(file)->pMethods->xUnlock(real(file), level);
-}
-int checkReservedLock(sqlite3_file* file, int* out) {
-    return real(file)->pMethods->xCheckReservedLock(real(file), out);
-}
-int fileControl(sqlite3_file* file, int op, void* arg) {
-    return real(file)->pMethods->xFileControl(real(file), op, arg);
-}
-int sectorSize(sqlite3_file* file) {
-    return real(file)->pMethods->xSectorSize(real(file));
-}
-int deviceCharacteristics(sqlite3_file* file) {
-    return real(file)->pMethods->xDeviceCharacteristics(real(file));
-}
-int shmMap(sqlite3_file* file, int page, int size, int extend, void volatile** out) {
-    return real(file)->pMethods->xShmMap(real(file), page, size, extend, out);
-}
 int shmLock(sqlite3_file* file, int offset, int n, int flags) {
     // Only taking a lock can fail; letting one go cannot.
     const int fault = (flags & SQLITE_SHM_LOCK) != 0 ? inject(FaultyVfs::Call::Lock) : SQLITE_OK;
     return fault != SQLITE_OK ? fault : real(file)->pMethods->xShmLock(real(file), offset, n, flags);
-}
-void shmBarrier(sqlite3_file* file) {
-    real(file)->pMethods->xShmBarrier(real(file));
-}
-int shmUnmap(sqlite3_file* file, int deleteFlag) {
-    return real(file)->pMethods->xShmUnmap(real(file), deleteFlag);
-}
-int fetch(sqlite3_file* file, sqlite3_int64 offset, int amount, void** out) {
-    return real(file)->pMethods->xFetch(real(file), offset, amount, out);
-}
-int unfetch(sqlite3_file* file, sqlite3_int64 offset, void* pointer) {
-    return real(file)->pMethods->xUnfetch(real(file), offset, pointer);
 }
 
 int open(sqlite3_vfs*, sqlite3_filename name, sqlite3_file* file, int flags, int* outFlags) {
@@ -140,25 +100,26 @@ int getLastError(sqlite3_vfs*, int size, char* text) {
 FaultyVfs::FaultyVfs() {
     g_real = sqlite3_vfs_find(nullptr);
     g_fault = Fault{};
-    g_methods = sqlite3_io_methods{3,
-                                   close,
-                                   read,
-                                   write,
-                                   truncate,
-                                   sync,
-                                   fileSize,
-                                   lock,
-                                   unlock,
-                                   checkReservedLock,
-                                   fileControl,
-                                   sectorSize,
-                                   deviceCharacteristics,
-                                   shmMap,
-                                   shmLock,
-                                   shmBarrier,
-                                   shmUnmap,
-                                   fetch,
-                                   unfetch};
+    using M = sqlite3_io_methods;
+    g_methods = M{3,
+                  close,
+                  pass<&M::xRead>,
+                  faulty<&M::xWrite, Call::Write>,
+                  pass<&M::xTruncate>,
+                  faulty<&M::xSync, Call::Sync>,
+                  pass<&M::xFileSize>,
+                  faulty<&M::xLock, Call::Lock>,
+                  pass<&M::xUnlock>,
+                  pass<&M::xCheckReservedLock>,
+                  pass<&M::xFileControl>,
+                  pass<&M::xSectorSize>,
+                  pass<&M::xDeviceCharacteristics>,
+                  pass<&M::xShmMap>,
+                  shmLock,
+                  pass<&M::xShmBarrier>,
+                  pass<&M::xShmUnmap>,
+                  pass<&M::xFetch>,
+                  pass<&M::xUnfetch>};
     g_vfs = *g_real;
     g_vfs.zName = "faulty";
     g_vfs.szOsFile = sizeof(File);
