@@ -9,6 +9,7 @@
 #include "NumberEdit.h"
 #include "PageHeading.h"
 #include "PageHost.h"
+#include "PageMenu.h"
 #include "RatingCombo.h"
 #include "RegistryHelper.h"
 #include "Settings.h"
@@ -20,7 +21,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -397,34 +397,16 @@ void FoodLogPage::showListMenu(const QPoint& position) {
     } else {
         m_list->clearSelection();
     }
-    QMenu menu(m_list);
-    menu.setObjectName(item != nullptr ? QStringLiteral("itemMenu") : QStringLiteral("noItemMenu"));
-    auto addCommand = [&menu](int command, const QString& text) {
-        QAction* action = menu.addAction(text);
-        action->setObjectName(QStringLiteral("cmd%1").arg(command));
-        action->setData(command);
-    };
+    PageMenu menu(item != nullptr ? QStringLiteral("itemMenu") : QStringLiteral("noItemMenu"), m_list);
     if (item != nullptr) {
-        addCommand(ID_FOOD_DELETEMEAL, QStringLiteral("Delete"));
-        addCommand(ID_FOOD_EDITMEAL, QStringLiteral("Edit"));
+        menu.addCommand(ID_FOOD_DELETEMEAL, QStringLiteral("Delete"));
+        menu.addCommand(ID_FOOD_EDITMEAL, QStringLiteral("Edit"));
         menu.addSeparator();
     }
-    addCommand(ID_FOOD_ADDMEAL, QStringLiteral("Add Meal"));
-    // The menu opens above or to the left of the stylus when it would run off the device's screen.
-    const QRect screen(window()->mapToGlobal(QPoint(0, 0)), window()->size());
-    QPoint where = m_list->viewport()->mapToGlobal(position);
-    const QSize size = menu.sizeHint();
-    if (where.y() + size.height() > screen.bottom()) {
-        where.ry() -= size.height();
-    }
-    if (where.x() + size.width() > screen.right()) {
-        where.rx() -= size.width();
-    }
-    QAction* chosen = menu.exec(where);
-    if (chosen == nullptr) {
-        return;
-    }
-    switch (chosen->data().toInt()) {
+    menu.addCommand(ID_FOOD_ADDMEAL, QStringLiteral("Add Meal"));
+    switch (menu.choose(m_list->viewport(), position)) {
+    case 0:
+        break;
     case ID_FOOD_DELETEMEAL:
         DeleteMeal();
         break;

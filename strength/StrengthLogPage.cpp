@@ -8,6 +8,7 @@
 #include "NowButton.h"
 #include "PageHeading.h"
 #include "PageHost.h"
+#include "PageMenu.h"
 #include "RegistryHelper.h"
 #include "Settings.h"
 #include "TimeControl.h"
@@ -16,7 +17,6 @@
 #include <QCheckBox>
 #include <QHeaderView>
 #include <QLabel>
-#include <QMenu>
 #include <QPainter>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -302,27 +302,20 @@ void StrengthLogPage::showListMenu(const QPoint& position) {
     } else {
         m_list->clearSelection();
     }
-    QMenu menu(m_list);
-    menu.setObjectName(item != nullptr ? QStringLiteral("rowMenu") : QStringLiteral("groupMenu"));
-    auto addCommand = [&menu](int command, const QString& text) {
-        QAction* action = menu.addAction(text);
-        action->setObjectName(QStringLiteral("cmd%1").arg(command));
-        action->setData(command);
-    };
+    PageMenu menu(item != nullptr ? QStringLiteral("rowMenu") : QStringLiteral("groupMenu"), m_list);
     if (item != nullptr) {
-        addCommand(ID_STRENGTH_DELETE, QStringLiteral("Delete"));
-        addCommand(ID_STRENGTH_EDIT, QStringLiteral("Edit"));
+        menu.addCommand(ID_STRENGTH_DELETE, QStringLiteral("Delete"));
+        menu.addCommand(ID_STRENGTH_EDIT, QStringLiteral("Edit"));
     } else {
         const int* commands = commandsOf(m_region);
         for (const MuscleGroup& group : MuscleGroup::ofRegion(m_region)) {
-            addCommand(commands[group.index()], group.name());
+            menu.addCommand(commands[group.index()], group.name());
         }
     }
-    QAction* chosen = menu.exec(menuPosition(m_list->viewport()->mapToGlobal(position), menu.sizeHint()));
-    if (chosen == nullptr) {
+    const int command = menu.choose(m_list->viewport(), position);
+    if (command == 0) {
         return;
     }
-    const int command = chosen->data().toInt();
     if (command == ID_STRENGTH_DELETE) {
         deleteSelectedRow();
     } else if (command == ID_STRENGTH_EDIT) {
@@ -330,20 +323,6 @@ void StrengthLogPage::showListMenu(const QPoint& position) {
     } else {
         handleCommand(command);
     }
-}
-
-QPoint StrengthLogPage::menuPosition(const QPoint& stylus, const QSize& size) const {
-    // The menu stays on the device's screen: it opens above or to the left of the stylus when it
-    // would run off the bottom or the right.
-    const QRect screen(window()->mapToGlobal(QPoint(0, 0)), window()->size());
-    QPoint where = stylus;
-    if (where.y() + size.height() > screen.bottom()) {
-        where.ry() -= size.height();
-    }
-    if (where.x() + size.width() > screen.right()) {
-        where.rx() -= size.width();
-    }
-    return where;
 }
 
 std::optional<MuscleGroup> StrengthLogPage::groupOfSelectedRow() const {

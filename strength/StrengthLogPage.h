@@ -68,7 +68,6 @@ private:
     // When both regions of a day count as one workout, the other page takes these times too.
     void passTimesOn(const WorkoutHeader& header);
     void showListMenu(const QPoint& position);
-    QPoint menuPosition(const QPoint& stylus, const QSize& size) const;
     void editSelectedRow();
     void deleteSelectedRow();
     std::optional<MuscleGroup> groupOfSelectedRow() const;
