@@ -9,7 +9,9 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QMenu>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -149,4 +151,33 @@ void ShellTest::trigger(int command) {
     auto* action = m_screen->findChild<QAction*>(QStringLiteral("cmd%1").arg(command));
     ASSERT_NE(action, nullptr) << "no command " << command << " on the screen";
     action->trigger();
+}
+
+void ShellTest::holdAndChoose(QWidget* target, const QPoint& position, int command, QStringList* shown) {
+    bool done = false;
+    QTimer poll;
+    poll.setInterval(0);
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (menu == nullptr || done) {
+            return;
+        }
+        done = true;
+        if (shown != nullptr) {
+            for (QAction* action : menu->actions()) {
+                *shown << action->text();
+            }
+        }
+        QAction* action = menu->findChild<QAction*>(QStringLiteral("cmd%1").arg(command));
+        if (action == nullptr) {
+            menu->close();
+        } else {
+            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+        }
+    });
+    poll.start();
+    QTest::mousePress(target, Qt::LeftButton, {}, position);
+    ASSERT_TRUE(waitUntil([&done] { return done; }));
+    poll.stop();
+    QTest::mouseRelease(target, Qt::LeftButton, {}, position);
 }

@@ -84,6 +84,9 @@ protected:
     std::vector<int> toolBarCommands() const;
     // Triggers the menu or tool-bar command's QAction, failing when there is none on the screen.
     void trigger(int command);
+    // Holds the stylus on target at position until its context menu is up, records the menu's
+    // items in shown (when given) and chooses the item named command (nothing when 0).
+    void holdAndChoose(QWidget* target, const QPoint& position, int command, QStringList* shown = nullptr);
 
     TestDevice m_device;
     ScriptedMessageBoxes m_boxes;

@@ -82,32 +82,7 @@ protected:
         QWidget* viewport = list()->viewport();
         const QPoint at =
             row < 0 ? QPoint(40, viewport->height() - 5) : list()->visualItemRect(list()->topLevelItem(row)).center();
-        bool done = false;
-        QTimer poll;
-        poll.setInterval(0);
-        QObject::connect(&poll, &QTimer::timeout, [&] {
-            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            if (menu == nullptr || done) {
-                return;
-            }
-            done = true;
-            for (QAction* action : menu->actions()) {
-                if (shown != nullptr) {
-                    *shown << action->text();
-                }
-            }
-            QAction* action = menu->findChild<QAction*>(QStringLiteral("cmd%1").arg(command));
-            if (action == nullptr) {
-                menu->close();
-            } else {
-                QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
-            }
-        });
-        poll.start();
-        QTest::mousePress(viewport, Qt::LeftButton, {}, at);
-        ASSERT_TRUE(waitUntil([&done] { return done; }));
-        poll.stop();
-        QTest::mouseRelease(viewport, Qt::LeftButton, {}, at);
+        ShellTest::holdAndChoose(viewport, at, command, shown);
     }
     // Answers the meal dialog once it is up: the time typed (when given), the four texts typed, OK.
     void answerMealDialog(const QString& time, const QStringList& foods) {

@@ -44,35 +44,6 @@ QStringList StrengthScreenTest::rows(BodyRegion region) const {
     return texts;
 }
 
-void StrengthScreenTest::holdAndChoose(QWidget* target, const QPoint& position, int command, QStringList* shown) {
-    bool done = false;
-    QTimer poll;
-    poll.setInterval(0);
-    QObject::connect(&poll, &QTimer::timeout, [&] {
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        if (menu == nullptr || done) {
-            return;
-        }
-        done = true;
-        if (shown != nullptr) {
-            for (QAction* action : menu->actions()) {
-                *shown << action->text();
-            }
-        }
-        QAction* action = menu->findChild<QAction*>(QStringLiteral("cmd%1").arg(command));
-        if (action == nullptr) {
-            menu->close();
-        } else {
-            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
-        }
-    });
-    poll.start();
-    QTest::mousePress(target, Qt::LeftButton, {}, position);
-    ASSERT_TRUE(waitUntil([&done] { return done; }));
-    poll.stop();
-    QTest::mouseRelease(target, Qt::LeftButton, {}, position);
-}
-
 void StrengthScreenTest::writeSets(const QDate& day, const MuscleGroup& group, const QList<StrengthSet>& sets) {
     const bool upper = group.region() == BodyRegion::Upper;
     const StrengthRecords records(upper ? main().upperBodyADatabaseName() : main().lowerBodyADatabaseName(),

@@ -58,9 +58,6 @@ protected:
     // The list's rows, each as its five texts joined by '|'.
     QStringList rows(BodyRegion region) const;
 
-    // Holds the stylus on target at position until its context menu is up, records the menu's
-    // items in shown (when given) and chooses the item named command (nothing when 0).
-    void holdAndChoose(QWidget* target, const QPoint& position, int command, QStringList* shown = nullptr);
     // Writes sets of a group of day straight into the store, as an earlier visit to the grid left them.
     void writeSets(const QDate& day, const MuscleGroup& group, const QList<StrengthSet>& sets);
 
