@@ -151,22 +151,14 @@ void saveExerciseSqlite(benchmark::State& state, const Workload& workload, Direc
 }
 
 void registerCases(RatioRunner& runner, const Workload& workload, DirectStore& direct) {
-    benchmark::RegisterBenchmark("show_day_store", showDayStore, std::cref(workload))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("show_day_sqlite", showDaySqlite, std::cref(workload), std::ref(direct))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("save_exercise_store", saveExerciseStore, std::cref(workload))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("save_exercise_sqlite", saveExerciseSqlite, std::cref(workload), std::ref(direct))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    using Clock = RatioRunner::Clock;
-    runner.addRatio("show_day", "show_day_store", "show_day_sqlite", Clock::Cpu, kLimit);
+    using benchmark::State;
+    runner.addPair(
+        "show_day", [&](State& state) { showDayStore(state, workload); },
+        [&](State& state) { showDaySqlite(state, workload, direct); }, kLimit);
     // One durable commit on each side; see StoreBench's write_group.
-    runner.addRatio("save_exercise", "save_exercise_store", "save_exercise_sqlite", Clock::Cpu, kLimit);
+    runner.addPair(
+        "save_exercise", [&](State& state) { saveExerciseStore(state, workload); },
+        [&](State& state) { saveExerciseSqlite(state, workload, direct); }, kLimit);
 }
 
 int fail(const QString& text) {

@@ -194,31 +194,17 @@ void writeSqlite(benchmark::State& state, const std::vector<Job>& jobs, const QS
 }
 
 void registerCases(RatioRunner& runner, const Workload& workload, DirectStore& direct) {
-    benchmark::RegisterBenchmark("show_day_store", showDayStore, std::cref(workload))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("show_day_sqlite", showDaySqlite, std::cref(workload), std::ref(direct))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("save_day_store", saveDayStore, std::cref(workload))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("save_day_sqlite", writeSqlite<SaveJob>, std::cref(workload.saves),
-                                 std::cref(workload.food), std::ref(direct))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("put_meal_store", putMealStore, std::cref(workload))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("put_meal_sqlite", writeSqlite<MealJob>, std::cref(workload.meals),
-                                 std::cref(workload.food), std::ref(direct))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    using Clock = RatioRunner::Clock;
-    runner.addRatio("show_day", "show_day_store", "show_day_sqlite", Clock::Cpu, kLimit);
+    using benchmark::State;
+    runner.addPair(
+        "show_day", [&](State& state) { showDayStore(state, workload); },
+        [&](State& state) { showDaySqlite(state, workload, direct); }, kLimit);
     // One durable commit on each side; see StoreBench's write_group.
-    runner.addRatio("save_day", "save_day_store", "save_day_sqlite", Clock::Cpu, kLimit);
-    runner.addRatio("put_meal", "put_meal_store", "put_meal_sqlite", Clock::Cpu, kLimit);
+    runner.addPair(
+        "save_day", [&](State& state) { saveDayStore(state, workload); },
+        [&](State& state) { writeSqlite<SaveJob>(state, workload.saves, workload.food, direct); }, kLimit);
+    runner.addPair(
+        "put_meal", [&](State& state) { putMealStore(state, workload); },
+        [&](State& state) { writeSqlite<MealJob>(state, workload.meals, workload.food, direct); }, kLimit);
 }
 
 int fail(const QString& text) {

@@ -194,30 +194,18 @@ void walkLogSqlite(benchmark::State& state, const Workload& workload, DirectStor
 }
 
 void registerCases(RatioRunner& runner, const Workload& workload, DirectStore& direct) {
-    benchmark::RegisterBenchmark("read_day_store", readDayStore, std::cref(workload))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("read_day_sqlite", readDaySqlite, std::cref(workload), std::ref(direct))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("write_group_store", writeGroupStore, std::cref(workload))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("write_group_sqlite", writeGroupSqlite, std::cref(workload), std::ref(direct))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("walk_log_store", walkLogStore, std::cref(workload))
-        ->Unit(benchmark::kMillisecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("walk_log_sqlite", walkLogSqlite, std::cref(workload), std::ref(direct))
-        ->Unit(benchmark::kMillisecond)
-        ->UseRealTime();
-    using Clock = RatioRunner::Clock;
-    runner.addRatio("read_day", "read_day_store", "read_day_sqlite", Clock::Cpu, kLimit);
+    using benchmark::State;
+    runner.addPair(
+        "read_day", [&](State& state) { readDayStore(state, workload); },
+        [&](State& state) { readDaySqlite(state, workload, direct); }, kLimit);
     // Both sides commit once per write with the same durability, so the disk flush is the same
     // work on both; on real time its jitter on this machine swamps the difference.
-    runner.addRatio("write_group", "write_group_store", "write_group_sqlite", Clock::Cpu, kLimit);
-    runner.addRatio("walk_log", "walk_log_store", "walk_log_sqlite", Clock::Cpu, kLimit);
+    runner.addPair(
+        "write_group", [&](State& state) { writeGroupStore(state, workload); },
+        [&](State& state) { writeGroupSqlite(state, workload, direct); }, kLimit);
+    runner.addPair(
+        "walk_log", [&](State& state) { walkLogStore(state, workload); },
+        [&](State& state) { walkLogSqlite(state, workload, direct); }, kLimit, benchmark::kMillisecond);
 }
 
 int fail(const QString& text) {

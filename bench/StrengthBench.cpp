@@ -304,38 +304,20 @@ bool samePull(DirectStore& direct, const Workload& workload, const GroupJob& job
 }
 
 void registerCases(RatioRunner& runner, const Workload& workload, DirectStore& direct) {
-    benchmark::RegisterBenchmark("load_day_store", loadDayStore, std::cref(workload))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("load_day_sqlite", loadDaySqlite, std::cref(workload), std::ref(direct))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("pull_recent_store", openGridStore, std::cref(workload.recentPulls),
-                                 std::cref(workload))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("pull_recent_sqlite", openGridSqlite, std::cref(workload.recentPulls),
-                                 std::ref(direct))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("pull_years_store", openGridStore, std::cref(workload.longPulls), std::cref(workload))
-        ->Unit(benchmark::kMillisecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("pull_years_sqlite", openGridSqlite, std::cref(workload.longPulls), std::ref(direct))
-        ->Unit(benchmark::kMillisecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("save_group_store", saveGroupStore, std::cref(workload))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    benchmark::RegisterBenchmark("save_group_sqlite", saveGroupSqlite, std::cref(workload), std::ref(direct))
-        ->Unit(benchmark::kMicrosecond)
-        ->UseRealTime();
-    using Clock = RatioRunner::Clock;
-    runner.addRatio("load_day", "load_day_store", "load_day_sqlite", Clock::Cpu, kLimit);
-    runner.addRatio("pull_recent", "pull_recent_store", "pull_recent_sqlite", Clock::Cpu, kLimit);
-    runner.addRatio("pull_years", "pull_years_store", "pull_years_sqlite", Clock::Cpu, kLimit);
+    using benchmark::State;
+    runner.addPair(
+        "load_day", [&](State& state) { loadDayStore(state, workload); },
+        [&](State& state) { loadDaySqlite(state, workload, direct); }, kLimit);
+    runner.addPair(
+        "pull_recent", [&](State& state) { openGridStore(state, workload.recentPulls, workload); },
+        [&](State& state) { openGridSqlite(state, workload.recentPulls, direct); }, kLimit);
+    runner.addPair(
+        "pull_years", [&](State& state) { openGridStore(state, workload.longPulls, workload); },
+        [&](State& state) { openGridSqlite(state, workload.longPulls, direct); }, kLimit, benchmark::kMillisecond);
     // One durable commit on each side; see StoreBench's write_group.
-    runner.addRatio("save_group", "save_group_store", "save_group_sqlite", Clock::Cpu, kLimit);
+    runner.addPair(
+        "save_group", [&](State& state) { saveGroupStore(state, workload); },
+        [&](State& state) { saveGroupSqlite(state, workload, direct); }, kLimit);
 }
 
 int fail(const QString& text) {

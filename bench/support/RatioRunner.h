@@ -13,7 +13,10 @@
 // Accepts the usual --benchmark_* flags, and --check: exit 1 when a ratio is over its limit.
 // Without --benchmark_repetitions it runs 5 repetitions of every case.
 
+#include <benchmark/benchmark.h>
+
 #include <string>
+#include <utility>
 #include <vector>
 
 class RatioRunner {
@@ -26,6 +29,16 @@ public:
     // registered names.
     void addRatio(const std::string& name, const std::string& storeCase, const std::string& baselineCase, Clock clock,
                   double limit);
+    // Registers name + "_store" and name + "_sqlite" (each a callable taking benchmark::State&), both
+    // on real time in unit, and the CPU-time ratio of the two under name.
+    template <typename Store, typename Baseline>
+    void addPair(const std::string& name, Store store, Baseline baseline, double limit,
+                 benchmark::TimeUnit unit = benchmark::kMicrosecond) {
+        benchmark::RegisterBenchmark((name + "_store").c_str(), std::move(store))->Unit(unit)->UseRealTime();
+        benchmark::RegisterBenchmark((name + "_sqlite").c_str(), std::move(baseline))->Unit(unit)->UseRealTime();
+        addRatio(name, name + "_store", name + "_sqlite", Clock::Cpu, limit);
+    }
+
     // Runs the registered cases; 0 on success, 1 when a case failed or (with --check) a ratio is
     // over its limit, 2 for an unknown argument.
     int run();
