@@ -254,19 +254,22 @@ bool FoodLogPage::handleCommand(int command) {
 // --- The day --------------------------------------------------------------------------------------
 
 void FoodLogPage::ShowDate() {
-    const FoodRecords food = records();
-    food.EnsureDatabase();
-    if (food.FindDay(m_date) != 0) {
-        LoadDay();
+    bool created = false;
+    const std::optional<FoodDay> day = records().ShowDay(m_date, &created);
+    if (created) {
+        // A new day keeps the values shown apart from the notes; they reach its record with the next
+        // change. It has no meals yet.
+        FoodDayValues values = controlValues();
+        values.notes = kNotesPlaceholder;
+        showValues(values);
+        showMeals(FoodDay());
         return;
     }
-    // A new day keeps the values shown apart from the notes; they reach its record with the next
-    // change. It has no meals yet.
-    FoodDayValues values = controlValues();
-    values.notes = kNotesPlaceholder;
-    showValues(values);
-    showMeals(FoodDay());
-    food.CreateDay(m_date);
+    m_list->clear();
+    if (day) {
+        showValues(day->values());
+        showMeals(*day);
+    }
 }
 
 void FoodLogPage::LoadDay() {
