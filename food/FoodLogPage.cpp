@@ -3,6 +3,7 @@
 #include "Clock.h"
 #include "DateControl.h"
 #include "DeviceFonts.h"
+#include "ListCellDelegate.h"
 #include "MealDialog.h"
 #include "NotesEdit.h"
 #include "NotesPlaceholder.h"
@@ -168,10 +169,7 @@ QWidget* FoodLogPage::createForm() {
 
     m_list = named(new QTreeWidget(form), IDC_FOOD_MEALS);
     m_list->setFont(numbers);
-    // Cells without the style's inner margins and texts cut at the column's edge rather than shortened
-    // with "...": "12:30P" fits the time column's 36 pixels.
-    m_list->setStyleSheet(QStringLiteral("QTreeView::item { padding: 0px; }"));
-    m_list->setTextElideMode(Qt::ElideNone);
+    m_list->setItemDelegate(new ListCellDelegate(m_list));
     m_list->setFixedHeight(112);
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
