@@ -45,9 +45,10 @@ std::optional<AerobicExercise> AerobicExercise::fromRecord(const QDate& day, con
     }
     exercise.heartRate = wordAt(record, slot.heartRate());
     const QTime startTime(qMin(wordAt(record, slot.startHour()), 23), qMin(wordAt(record, slot.startMinute()), 59));
-    exercise.start = QDateTime(day, startTime);
-    const QDateTime end = wallClock(exercise.start).addSecs(60 * qint64(wordAt(record, slot.elapsedMinutes())));
-    exercise.end = QDateTime(end.date(), end.time());
+    // Wall-clock readings, made without the local time zone: the device kept none, and a reading in
+    // local time costs a zone lookup each.
+    exercise.start = QDateTime(day, startTime, QTimeZone::utc());
+    exercise.end = exercise.start.addSecs(60 * qint64(wordAt(record, slot.elapsedMinutes())));
     exercise.elapsedSeconds = wordAt(record, slot.elapsedSeconds());
     exercise.completed = wordAt(record, slot.completed()) != 0;
     if (const DbProp* notes = record.find(slot.notes())) {
