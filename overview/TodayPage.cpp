@@ -64,8 +64,12 @@ void TodayPage::recompute() {
 
 QStringList TodayPage::goalsLines(const QString& goals, const QFont& font, int width, int lines) {
     // Every line the text breaks into at width, its own line breaks kept.
+    const QString text = QString(goals).remove(u'\r').trimmed();
+    if (text.isEmpty()) {
+        return {};
+    }
     QStringList all;
-    for (const QString& paragraph : QString(goals).remove(u'\r').trimmed().split(u'\n')) {
+    for (const QString& paragraph : text.split(u'\n')) {
         QTextLayout layout(paragraph.trimmed(), font);
         layout.beginLayout();
         for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
@@ -73,12 +77,9 @@ QStringList TodayPage::goalsLines(const QString& goals, const QFont& font, int w
             all << layout.text().mid(line.textStart(), line.textLength()).trimmed();
         }
         layout.endLayout();
-        if (paragraph.trimmed().isEmpty()) {
-            all << QString();
-        }
     }
     if (all.size() <= lines) {
-        return all.size() == 1 && all.front().isEmpty() ? QStringList() : all;
+        return all;
     }
     QStringList shown = all.mid(0, std::max(0, lines));
     if (!shown.isEmpty()) {

@@ -1,0 +1,181 @@
+// The Today and calendar pages on the whole program, driven through taps, over logs written with
+// plain SQL before the program starts.
+
+#include "CalendarPage.h"
+#include "TodayPage.h"
+
+#include "AerobicLogPage.h"
+#include "Clock.h"
+#include "Settings.h"
+#include "ShellPageFactory.h"
+#include "ShellTestSupport.h"
+#include "SqlDayWriter.h"
+#include "StoredDays.h"
+#include "StrengthLogPage.h"
+#include "resource.h"
+
+#include <QDialog>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTest>
+
+namespace {
+const QDate kToday(2024, 3, 14);
+
+SqlDayWriter::Prop text(int number, const QString& value) {
+    return SqlDayWriter::text(number, value);
+}
+
+class OverviewPagesTest : public ShellTest {
+protected:
+    OverviewPagesTest() { Clock::setFixed(QDateTime(kToday, QTime(10, 0))); }
+    ~OverviewPagesTest() override { Clock::setFixed(std::nullopt); }
+
+    void startProgram() { start(false, &m_pages); }
+    int tab() const { return m_screen->mainDialog().tabControl()->currentIndex(); }
+    TodayPage& today() const { return *static_cast<TodayPage*>(m_screen->mainDialog().page(0)); }
+    CalendarPage& calendar() const { return *static_cast<CalendarPage*>(m_screen->mainDialog().page(6)); }
+    QDate dateOf(int index) const {
+        Page* page = m_screen->mainDialog().page(index);
+        return index == 3 ? static_cast<AerobicLogPage*>(page)->shownDate()
+                          : static_cast<StrengthLogPage*>(page)->shownDate();
+    }
+    void tapToday(const QPoint& point) {
+        main().SelectPage(0);
+        QTest::mouseClick(&today(), Qt::LeftButton, {}, point);
+    }
+    // The middle of the calendar cell that shows day.
+    QPoint cellOf(const QDate& day) const {
+        const int i = static_cast<int>(calendar().month().firstCellDay().daysTo(day));
+        return {1 + 34 * (i % 7) + 17, 32 + 35 * (i / 7) + 17};
+    }
+    void showCalendar() {
+        main().SelectPage(6);
+        calendar().repaint();
+    }
+
+    ShellPageFactory m_pages;
+    SqlDayWriter m_sql{m_device.paths().objectStore()};
+};
+} // namespace
+
+TEST_F(OverviewPagesTest, TodayTapsOpenThePagesOfTheirBoxes) {
+    m_sql.addDay("Kov2Aerobic", kToday, {text(701, "Run")});
+    m_sql.addDay("Kov2AUpperBody", kToday, {text(106, "Bench")});
+    m_sql.addDay("Kov2Food", kToday, {SqlDayWriter::mealTime(1010, 18, 0), text(1012, "Steak")});
+    startProgram();
+    ASSERT_TRUE(waitUntil([this] { return today().workoutText() == "Run, Upper Body, Lower Body"; }));
+    EXPECT_EQ(today().nextMealText(), "Steak");
+
+    tapToday({100, 70});
+    EXPECT_EQ(tab(), 3);
+    tapToday({100, 120});
+    EXPECT_EQ(tab(), 4);
+    bool goalsShown = false;
+    whenShown("GoalsDialog", [&goalsShown](QWidget* dialog) {
+        goalsShown = true;
+        static_cast<QDialog*>(dialog)->reject();
+    });
+    tapToday({100, 180});
+    EXPECT_TRUE(goalsShown);
+    EXPECT_EQ(tab(), 0);
+}
+
+TEST_F(OverviewPagesTest, TodayRefreshesOnItsButtonAndLeadsNowhereWithoutAWorkout) {
+    m_sql.addDay("Kov2Food", kToday, {SqlDayWriter::mealTime(1010, 10, 1), text(1012, "Tuna")});
+    startProgram();
+    ASSERT_TRUE(waitUntil([this] { return today().nextMealText() == "Tuna"; }));
+    EXPECT_EQ(today().workoutText(), "No workout scheduled");
+    tapToday({100, 70});
+    EXPECT_EQ(tab(), 0);
+
+    // At the meal's minute it is past; the tool-bar button redraws the page with the new time.
+    Clock::setFixed(QDateTime(kToday, QTime(10, 1)));
+    trigger(ID_TODAY_REFRESH);
+    EXPECT_TRUE(waitUntil([this] { return today().nextMealText() == "No remaining meals scheduled"; }));
+}
+
+TEST_F(OverviewPagesTest, TheEarlierUpperBodyLogIsConvertedAtStart) {
+    m_sql.addDay("Kov2UpperBody", QDate(2003, 5, 6), {text(106, "Bench"), text(306, "Row")});
+    startProgram();
+    const StoredDays days(m_device.paths().objectStore());
+    EXPECT_EQ(days.props("Kov2AUpperBody", QDate(2003, 5, 6)), "64:64,106:31");
+    EXPECT_EQ(days.props("Kov2BUpperBody", QDate(2003, 5, 6)), "64:64,306:31");
+    EXPECT_EQ(stored("UpConv").toInt(), 1);
+}
+
+TEST_F(OverviewPagesTest, CalendarJumpsToTheOnePageOfADayWithOneEntry) {
+    m_sql.addDay("Kov2ALowerBody", QDate(2024, 3, 7), {text(106, "Squat")});
+    m_sql.addDay("Kov2AUpperBody", QDate(2024, 2, 27), {text(106, "Dips")});
+    startProgram();
+    showCalendar();
+
+    // With CkDate off only the target page moves to the day.
+    QTest::mouseClick(&calendar(), Qt::LeftButton, {}, cellOf(QDate(2024, 3, 7)));
+    EXPECT_EQ(tab(), 2);
+    EXPECT_EQ(dateOf(2), QDate(2024, 3, 7));
+    EXPECT_EQ(dateOf(1), kToday);
+    EXPECT_EQ(dateOf(3), kToday);
+
+    // A leading cell jumps to its own month's day.
+    showCalendar();
+    QTest::mouseClick(&calendar(), Qt::LeftButton, {}, cellOf(QDate(2024, 2, 27)));
+    EXPECT_EQ(tab(), 1);
+    EXPECT_EQ(dateOf(1), QDate(2024, 2, 27));
+
+    // A day without entries, and the header above the cells, lead nowhere.
+    showCalendar();
+    QTest::mouseClick(&calendar(), Qt::LeftButton, {}, cellOf(QDate(2024, 3, 9)));
+    QTest::mouseClick(&calendar(), Qt::LeftButton, {}, {20, 20});
+    EXPECT_EQ(tab(), 6);
+}
+
+TEST_F(OverviewPagesTest, CalendarOffersTheKindsOfADayWithSeveralEntries) {
+    const QDate day(2024, 3, 5);
+    m_sql.addDay("Kov2AUpperBody", day, {text(106, "Bench")});
+    m_sql.addDay("Kov2Aerobic", day, {text(701, "Run")});
+    setNumber(Settings::kCkDate, 1);
+    startProgram();
+    showCalendar();
+
+    QStringList shown;
+    holdAndChoose(&calendar(), cellOf(day), 0, &shown);
+    EXPECT_EQ(shown, QStringList({"Upper Body", "Aerobic"}));
+    EXPECT_EQ(tab(), 6);
+    EXPECT_EQ(dateOf(3), kToday);
+
+    // With CkDate on every page moves to the day.
+    holdAndChoose(&calendar(), cellOf(day), ID_CAL_AEROBIC);
+    EXPECT_EQ(tab(), 3);
+    EXPECT_EQ(dateOf(3), day);
+    EXPECT_EQ(dateOf(1), day);
+    EXPECT_EQ(dateOf(2), day);
+}
+
+TEST_F(OverviewPagesTest, CalendarButtonsMoveTheMonthAndTheCellsShowTheirColours) {
+    startProgram();
+    showCalendar();
+    const auto shown = [this] { return std::make_pair(calendar().month().month(), calendar().month().year()); };
+    auto* previous = calendar().findChild<QPushButton*>("c1002");
+    auto* current = calendar().findChild<QPushButton*>("c1004");
+    auto* next = calendar().findChild<QPushButton*>("c1003");
+    ASSERT_TRUE(previous && current && next);
+    EXPECT_LT(previous->x(), current->x());
+    EXPECT_LT(current->x(), next->x());
+    QTest::mouseClick(previous, Qt::LeftButton);
+    EXPECT_EQ(shown(), std::make_pair(2, 2024));
+    QTest::mouseClick(next, Qt::LeftButton);
+    QTest::mouseClick(next, Qt::LeftButton);
+    EXPECT_EQ(shown(), std::make_pair(4, 2024));
+    QTest::mouseClick(current, Qt::LeftButton);
+    EXPECT_EQ(shown(), std::make_pair(3, 2024));
+
+    const QImage page = calendar().grab().toImage();
+    const QPoint todayCell = cellOf(kToday);
+    EXPECT_EQ(page.pixelColor(todayCell.x() - 14, todayCell.y() + 14), QColor(255, 255, 64));
+    const QPoint leading = cellOf(QDate(2024, 2, 25));
+    EXPECT_EQ(page.pixelColor(leading.x() - 14, leading.y() + 14), QColor(128, 128, 128));
+    const QPoint other = cellOf(QDate(2024, 3, 13));
+    EXPECT_EQ(page.pixelColor(other.x() - 14, other.y() + 14), QColor(Qt::white));
+    EXPECT_EQ(page.pixelColor(3, 18), QColor(0, 109, 255));
+}
