@@ -88,7 +88,11 @@ QStringList TodayPage::goalsLines(const QString& goals, const QFont& font, int w
         while (!last.isEmpty() && metrics.horizontalAdvance(last + QStringLiteral("...")) > width) {
             last.chop(1);
         }
-        shown.back() = last.trimmed() + QStringLiteral("...");
+        // "summer." cut becomes "summer...", not "summer....".
+        while (!last.isEmpty() && (last.back().isSpace() || last.back() == u'.' || last.back() == u',')) {
+            last.chop(1);
+        }
+        shown.back() = last + QStringLiteral("...");
     }
     return shown;
 }
