@@ -8,135 +8,107 @@
 #include <gtest/gtest.h>
 
 namespace {
-SqlDayWriter::Prop text(int number, const QString& value) {
-    return SqlDayWriter::text(number, value);
-}
 const TrainingMarks::Names kAnn{"Kov2AUpperBodyAnn", "Kov2BUpperBodyAnn", "Kov2ALowerBodyAnn", "Kov2BLowerBodyAnn",
                                 "Kov2AerobicAnn"};
 
+SqlDayWriter::Prop text(int number, const QString& value) {
+    return SqlDayWriter::text(number, value);
+}
 QDate dayOf(const CalendarCell& cell) {
     return QDate(cell.year, cell.month, cell.day);
 }
 
-// The built month's cells as dates, and how many belong to the month shown.
-CalendarMonth built(int month, int year) {
-    CalendarMonth calendar(month, year);
-    calendar.build(kAnn);
-    return calendar;
-}
-int inMonth(const CalendarMonth& calendar) {
-    int count = 0;
-    for (const CalendarCell& cell : calendar.cells()) {
-        count += cell.month == calendar.month() ? 1 : 0;
+class CalendarMonthTest : public ::testing::Test {
+protected:
+    const CalendarMonth& built(int month, int year) {
+        m_month.show(month, year);
+        m_month.build(kAnn);
+        return m_month;
     }
-    return count;
-}
+    int inMonth() const {
+        return static_cast<int>(std::count_if(m_month.cells().begin(), m_month.cells().end(),
+                                              [this](const CalendarCell& c) { return c.month == m_month.month(); }));
+    }
+    // Upper, lower, aerobic, entry count and shown number of the cell of day.
+    std::vector<int> marks(const QDate& day) const {
+        const CalendarCell& c = m_month.cells()[static_cast<size_t>(m_month.firstCellDay().daysTo(day))];
+        return {c.upperBody, c.lowerBody, c.aerobic, c.entryCount, c.shownNumber};
+    }
+
+    TestDevice m_device;
+    SqlDayWriter m_sql{m_device.paths().objectStore()};
+    CalendarMonth m_month{1, 2000};
+};
 } // namespace
 
-TEST(CalendarMonthTest, FortyTwoDaysFromTheSundayOnOrBeforeTheFirst) {
-    TestDevice device;
-    // March 2024 begins on a Friday: the grid starts on Sunday 25 February and ends on 6 April.
-    const CalendarMonth march = built(3, 2024);
-    EXPECT_EQ(dayOf(march.cells().front()), QDate(2024, 2, 25));
-    EXPECT_EQ(dayOf(march.cells()[5]), QDate(2024, 3, 1));
-    EXPECT_EQ(dayOf(march.cells().back()), QDate(2024, 4, 6));
-    for (size_t i = 1; i < march.cells().size(); ++i) {
-        EXPECT_EQ(dayOf(march.cells()[i - 1]).addDays(1), dayOf(march.cells()[i]));
+TEST_F(CalendarMonthTest, FortyTwoDaysFromTheSundayOnOrBeforeTheFirst) {
+    // March 2024 begins on a Friday: from Sunday 25 February to 6 April, day after day.
+    built(3, 2024);
+    EXPECT_EQ(dayOf(m_month.cells()[0]), QDate(2024, 2, 25));
+    EXPECT_EQ(dayOf(m_month.cells()[5]), QDate(2024, 3, 1));
+    for (size_t i = 1; i < m_month.cells().size(); ++i) {
+        EXPECT_EQ(dayOf(m_month.cells()[i - 1]).addDays(1), dayOf(m_month.cells()[i]));
     }
-    EXPECT_EQ(march.title(), "March 2024");
+    EXPECT_EQ(m_month.title(), "March 2024");
+    // September 2024 begins on a Sunday: its first is the first cell, the last is 12 October.
+    built(9, 2024);
+    EXPECT_EQ(dayOf(m_month.cells().front()), QDate(2024, 9, 1));
+    EXPECT_EQ(dayOf(m_month.cells().back()), QDate(2024, 10, 12));
+    // February of a leap year has 29 cells of its own.
+    built(2, 2024);
+    EXPECT_EQ(dayOf(m_month.cells().front()), QDate(2024, 1, 28));
+    EXPECT_EQ(inMonth(), 29);
+    built(2, 2023);
+    EXPECT_EQ(inMonth(), 28);
 
-    // September 2024 begins on a Sunday: the first cell is the first, the last is 12 October.
-    const CalendarMonth september = built(9, 2024);
-    EXPECT_EQ(dayOf(september.cells().front()), QDate(2024, 9, 1));
-    EXPECT_EQ(dayOf(september.cells().back()), QDate(2024, 10, 12));
-
-    // February of a leap year: 29 days of the month, from Sunday 28 January.
-    const CalendarMonth february = built(2, 2024);
-    EXPECT_EQ(dayOf(february.cells().front()), QDate(2024, 1, 28));
-    EXPECT_EQ(inMonth(february), 29);
-    EXPECT_EQ(inMonth(built(2, 2023)), 28);
-    EXPECT_EQ(february.title(), "February 2024");
+    m_month.show(1, 2024);
+    m_month.previous();
+    EXPECT_EQ(m_month.title(), "December 2023");
+    m_month.next();
+    m_month.show(12, 2024);
+    m_month.next();
+    EXPECT_EQ(m_month.title(), "January 2025");
 }
 
-TEST(CalendarMonthTest, MonthsStepAcrossTheYear) {
-    CalendarMonth calendar(1, 2024);
-    calendar.previous();
-    EXPECT_EQ(std::make_pair(calendar.month(), calendar.year()), std::make_pair(12, 2023));
-    calendar.next();
-    EXPECT_EQ(std::make_pair(calendar.month(), calendar.year()), std::make_pair(1, 2024));
-    calendar.show(12, 2024);
-    calendar.next();
-    EXPECT_EQ(std::make_pair(calendar.month(), calendar.year()), std::make_pair(1, 2025));
-    calendar.previous();
-    EXPECT_EQ(std::make_pair(calendar.month(), calendar.year()), std::make_pair(12, 2024));
-}
-
-TEST(CalendarMonthTest, CellsTileTheGridAndATapFindsTheFirstCellHoldingIt) {
-    TestDevice device;
-    const CalendarMonth calendar = built(3, 2024);
-    const CalendarCell& first = calendar.cells().front();
-    EXPECT_EQ(QRect(first.left, first.top, first.right - first.left, first.bottom - first.top), QRect(1, 32, 34, 35));
-    const CalendarCell& last = calendar.cells().back();
+TEST_F(CalendarMonthTest, CellsTileTheGridAndATapFindsTheCellHoldingIt) {
+    built(3, 2024);
+    const CalendarCell& first = m_month.cells().front();
+    const CalendarCell& last = m_month.cells().back();
+    EXPECT_EQ(std::vector<int>({first.left, first.top, first.right, first.bottom}), std::vector<int>({1, 32, 35, 67}));
     EXPECT_EQ(std::vector<int>({last.left, last.top, last.right, last.bottom}), std::vector<int>({205, 207, 239, 242}));
-
-    EXPECT_EQ(calendar.cellAt(1, 32), &calendar.cells()[0]);
-    EXPECT_EQ(calendar.cellAt(34, 66), &calendar.cells()[0]);
     // Right and bottom edges belong to the next cell.
-    EXPECT_EQ(calendar.cellAt(35, 32), &calendar.cells()[1]);
-    EXPECT_EQ(calendar.cellAt(1, 67), &calendar.cells()[7]);
-    EXPECT_EQ(calendar.cellAt(238, 241), &calendar.cells()[41]);
-    EXPECT_EQ(calendar.cellAt(0, 40), nullptr);
-    EXPECT_EQ(calendar.cellAt(239, 40), nullptr);
-    EXPECT_EQ(calendar.cellAt(100, 31), nullptr);
-    EXPECT_EQ(calendar.cellAt(100, 242), nullptr);
+    EXPECT_EQ(m_month.cellAt(34, 66), &m_month.cells()[0]);
+    EXPECT_EQ(m_month.cellAt(35, 32), &m_month.cells()[1]);
+    EXPECT_EQ(m_month.cellAt(1, 67), &m_month.cells()[7]);
+    EXPECT_EQ(m_month.cellAt(238, 241), &m_month.cells()[41]);
+    for (const QPoint outside : {QPoint(0, 40), QPoint(239, 40), QPoint(100, 31), QPoint(100, 242)}) {
+        EXPECT_EQ(m_month.cellAt(outside.x(), outside.y()), nullptr);
+    }
 }
 
-TEST(CalendarMonthTest, DaysAreMarkedBySetsAndExercisesNotByFirstVisits) {
-    TestDevice device;
-    SqlDayWriter sql(device.paths().objectStore());
-    const QDate busy(2024, 3, 5), visited(2024, 3, 6), lower(2024, 3, 7), aerobicOnly(2024, 3, 8), leading(2024, 2, 27);
-    // Upper body: a Chest set in A and a Back set in B; lower body: an Abs set in B only; aerobic:
-    // exercise 1. Three sets on the day.
-    sql.addDay(kAnn.upperA, busy, {{102, SqlDayWriter::kI2, 7}, text(106, "Bench"), text(111, "")});
-    sql.addDay(kAnn.upperB, busy, {text(306, "Row"), text(661, "Shrugs")});
-    sql.addDay(kAnn.lowerA, busy, {});
-    sql.addDay(kAnn.lowerB, busy, {text(406, "Crunch"), {407, SqlDayWriter::kText, "12"}});
-    sql.addDay(kAnn.aerobic, busy, {text(701, "Run")});
-    // What a first visit leaves: the header and the notes in A, the key alone in B and the aerobic log.
-    for (const QString& a : {kAnn.upperA, kAnn.lowerA}) {
-        sql.addDay(a, visited,
-                   {{102, SqlDayWriter::kI2, 9},
-                    {103, SqlDayWriter::kI2, 41},
-                    {104, SqlDayWriter::kI2, 0},
-                    {105, SqlDayWriter::kUI2, 0},
-                    text(1132, "<Click to add Notes>")});
-    }
-    sql.addDay(kAnn.upperB, visited, {});
-    sql.addDay(kAnn.aerobic, visited, {});
-    sql.addDay(kAnn.lowerA, lower, {text(206, "Curl")});
-    // Exercise 2 alone, unnamed, still counts: it was saved.
-    sql.addDay(kAnn.aerobic, aerobicOnly, {text(801, "")});
-    sql.addDay(kAnn.upperA, leading, {text(106, "Dips")});
-    // Another user's day is not Ann's.
-    sql.addDay("Kov2AUpperBody", visited, {text(106, "Press")});
+TEST_F(CalendarMonthTest, DaysAreMarkedBySetsAndExercisesNotByFirstVisits) {
+    const QDate busy(2024, 3, 5), visited(2024, 3, 6), lower(2024, 3, 7), aerobic(2024, 3, 8), leading(2024, 2, 27);
+    // Upper body in A and B (the last set of group 5), an Abs set in lower B, exercise 1: four sets.
+    m_sql.addDay(kAnn.upperA, busy, {text(106, "Bench"), text(111, "")});
+    m_sql.addDay(kAnn.upperB, busy, {text(306, "Row"), text(661, "Shrugs")});
+    m_sql.addDay(kAnn.lowerB, busy, {text(406, "Crunch"), text(407, "12")});
+    m_sql.addDay(kAnn.aerobic, busy, {text(701, "Run")});
+    // A first visit: the header and notes in A, the key alone in B and in the aerobic log.
+    m_sql.addDay(kAnn.upperA, visited, {{102, SqlDayWriter::kI2, 9}, text(1132, "<Click to add Notes>")});
+    m_sql.addDay(kAnn.upperB, visited, {});
+    m_sql.addDay(kAnn.aerobic, visited, {});
+    m_sql.addDay("Kov2AUpperBody", visited, {text(106, "Press")}); // another user's
+    m_sql.addDay(kAnn.lowerA, lower, {text(206, "Curl")});
+    m_sql.addDay(kAnn.aerobic, aerobic, {text(801, "")}); // exercise 2 alone, saved unnamed
+    m_sql.addDay(kAnn.upperA, leading, {text(106, "Dips")});
 
-    const CalendarMonth calendar = built(3, 2024);
-    const auto cell = [&calendar](const QDate& day) {
-        const CalendarCell& found = calendar.cells()[static_cast<size_t>(calendar.firstCellDay().daysTo(day))];
-        return std::vector<int>({found.upperBody, found.lowerBody, found.aerobic, found.entryCount, found.shownNumber});
-    };
-    EXPECT_EQ(cell(busy), std::vector<int>({1, 1, 1, 3, 4}));
-    EXPECT_EQ(cell(visited), std::vector<int>({0, 0, 0, 0, 0}));
-    EXPECT_EQ(cell(lower), std::vector<int>({0, 1, 0, 1, 1}));
-    EXPECT_EQ(cell(aerobicOnly), std::vector<int>({0, 0, 1, 1, 0}));
-    EXPECT_EQ(cell(leading), std::vector<int>({1, 0, 0, 1, 1}));
-    EXPECT_EQ(cell(QDate(2024, 3, 9)), std::vector<int>({0, 0, 0, 0, 0}));
-
-    // Building again clears what the previous month marked.
-    CalendarMonth moved = calendar;
-    moved.next();
-    moved.build(kAnn);
-    for (const CalendarCell& c : moved.cells()) {
-        EXPECT_EQ(c.entryCount + c.shownNumber, 0) << c.day << "/" << c.month;
-    }
+    built(3, 2024);
+    EXPECT_EQ(marks(busy), std::vector<int>({1, 1, 1, 3, 4}));
+    EXPECT_EQ(marks(visited), std::vector<int>({0, 0, 0, 0, 0}));
+    EXPECT_EQ(marks(lower), std::vector<int>({0, 1, 0, 1, 1}));
+    EXPECT_EQ(marks(aerobic), std::vector<int>({0, 0, 1, 1, 0}));
+    EXPECT_EQ(marks(leading), std::vector<int>({1, 0, 0, 1, 1}));
+    // Building another month clears the marks: 9 April stands in the cell 5 March had.
+    built(4, 2024);
+    EXPECT_EQ(marks(QDate(2024, 4, 9)), std::vector<int>({0, 0, 0, 0, 0}));
 }

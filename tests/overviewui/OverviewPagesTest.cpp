@@ -81,14 +81,10 @@ TEST_F(OverviewPagesTest, TodayTapsOpenThePagesOfTheirBoxes) {
     EXPECT_EQ(tab(), 0);
 }
 
-TEST_F(OverviewPagesTest, TodayRefreshesOnItsButtonAndLeadsNowhereWithoutAWorkout) {
+TEST_F(OverviewPagesTest, TodayRedrawsFromTheLogsOnItsButton) {
     m_sql.addDay("Kov2Food", kToday, {SqlDayWriter::mealTime(1010, 10, 1), text(1012, "Tuna")});
     startProgram();
     ASSERT_TRUE(waitUntil([this] { return today().nextMealText() == "Tuna"; }));
-    EXPECT_EQ(today().workoutText(), "No workout scheduled");
-    tapToday({100, 70});
-    EXPECT_EQ(tab(), 0);
-
     // At the meal's minute it is past; the tool-bar button redraws the page with the new time.
     Clock::setFixed(QDateTime(kToday, QTime(10, 1)));
     trigger(ID_TODAY_REFRESH);
@@ -104,52 +100,38 @@ TEST_F(OverviewPagesTest, TheEarlierUpperBodyLogIsConvertedAtStart) {
     EXPECT_EQ(stored("UpConv").toInt(), 1);
 }
 
-TEST_F(OverviewPagesTest, CalendarJumpsToTheOnePageOfADayWithOneEntry) {
-    m_sql.addDay("Kov2ALowerBody", QDate(2024, 3, 7), {text(106, "Squat")});
-    m_sql.addDay("Kov2AUpperBody", QDate(2024, 2, 27), {text(106, "Dips")});
+TEST_F(OverviewPagesTest, CalendarJumpsToTheDayOnThePageOfItsEntry) {
+    const QDate both(2024, 3, 5), lower(2024, 3, 7), leading(2024, 2, 27);
+    m_sql.addDay("Kov2AUpperBody", both, {text(106, "Bench")});
+    m_sql.addDay("Kov2Aerobic", both, {text(701, "Run")});
+    m_sql.addDay("Kov2ALowerBody", lower, {text(106, "Squat")});
+    m_sql.addDay("Kov2AUpperBody", leading, {text(106, "Dips")});
     startProgram();
+
+    // One entry, CkDate off: straight to the page, and only the target page moves to the day.
     showCalendar();
-
-    // With CkDate off only the target page moves to the day.
-    QTest::mouseClick(&calendar(), Qt::LeftButton, {}, cellOf(QDate(2024, 3, 7)));
+    QTest::mouseClick(&calendar(), Qt::LeftButton, {}, cellOf(lower));
     EXPECT_EQ(tab(), 2);
-    EXPECT_EQ(dateOf(2), QDate(2024, 3, 7));
-    EXPECT_EQ(dateOf(1), kToday);
-    EXPECT_EQ(dateOf(3), kToday);
-
+    EXPECT_EQ(std::make_pair(dateOf(2), dateOf(1)), std::make_pair(lower, kToday));
     // A leading cell jumps to its own month's day.
     showCalendar();
-    QTest::mouseClick(&calendar(), Qt::LeftButton, {}, cellOf(QDate(2024, 2, 27)));
-    EXPECT_EQ(tab(), 1);
-    EXPECT_EQ(dateOf(1), QDate(2024, 2, 27));
-
-    // A day without entries, and the header above the cells, lead nowhere.
+    QTest::mouseClick(&calendar(), Qt::LeftButton, {}, cellOf(leading));
+    EXPECT_EQ(std::make_pair(tab(), dateOf(1)), std::make_pair(1, leading));
+    // A day without entries leads nowhere.
     showCalendar();
     QTest::mouseClick(&calendar(), Qt::LeftButton, {}, cellOf(QDate(2024, 3, 9)));
-    QTest::mouseClick(&calendar(), Qt::LeftButton, {}, {20, 20});
     EXPECT_EQ(tab(), 6);
-}
 
-TEST_F(OverviewPagesTest, CalendarOffersTheKindsOfADayWithSeveralEntries) {
-    const QDate day(2024, 3, 5);
-    m_sql.addDay("Kov2AUpperBody", day, {text(106, "Bench")});
-    m_sql.addDay("Kov2Aerobic", day, {text(701, "Run")});
-    setNumber(Settings::kCkDate, 1);
-    startProgram();
-    showCalendar();
-
+    // Two entries: the pop-up offers them in order; dismissed, nothing happens.
     QStringList shown;
-    holdAndChoose(&calendar(), cellOf(day), 0, &shown);
+    holdAndChoose(&calendar(), cellOf(both), 0, &shown);
     EXPECT_EQ(shown, QStringList({"Upper Body", "Aerobic"}));
     EXPECT_EQ(tab(), 6);
-    EXPECT_EQ(dateOf(3), kToday);
-
     // With CkDate on every page moves to the day.
-    holdAndChoose(&calendar(), cellOf(day), ID_CAL_AEROBIC);
+    setNumber(Settings::kCkDate, 1);
+    holdAndChoose(&calendar(), cellOf(both), ID_CAL_AEROBIC);
     EXPECT_EQ(tab(), 3);
-    EXPECT_EQ(dateOf(3), day);
-    EXPECT_EQ(dateOf(1), day);
-    EXPECT_EQ(dateOf(2), day);
+    EXPECT_EQ(std::vector<QDate>({dateOf(1), dateOf(2), dateOf(3)}), std::vector<QDate>({both, both, both}));
 }
 
 TEST_F(OverviewPagesTest, CalendarButtonsMoveTheMonthAndTheCellsShowTheirColours) {
