@@ -32,7 +32,10 @@ QFont pointFont(int points, int weight = 400) {
 
 CalendarPage::CalendarPage(PageHost& host, QWidget* parent)
     : Page(host, IDD_CALENDAR, QStringLiteral("CalendarPage"), parent),
-      m_month(Clock::now().date().month(), Clock::now().date().year()) {
+      m_month(Clock::now().date().month(), Clock::now().date().year()),
+      m_marks{{Bitmaps::masked(IDB_CAL_UPPER), Bitmaps::masked(IDB_CAL_LOWER), Bitmaps::masked(IDB_CAL_AEROBIC)},
+              {Bitmaps::masked(IDB_CAL_UPPER_OTHER), Bitmaps::masked(IDB_CAL_LOWER_OTHER),
+               Bitmaps::masked(IDB_CAL_AEROBIC_OTHER)}} {
     connect(addButton(IDC_CAL_PREVIOUS, QStringLiteral("<"), 152, 20), &QPushButton::clicked, this,
             &CalendarPage::showPrevious);
     connect(addButton(IDC_CAL_CURRENT, QStringLiteral("Today"), 174, 42), &QPushButton::clicked, this,
@@ -133,17 +136,13 @@ void CalendarPage::drawPage(QPainter& painter) const {
     painter.drawText(QRect(QPoint(8, 1), QPoint(111, 41)), Qt::AlignLeft | Qt::AlignTop, m_month.title());
 
     // The marks, each kind in its own place of the cell, so that a column of days reads at a glance.
-    const QPixmap marks[2][3] = {
-        {Bitmaps::masked(IDB_CAL_UPPER), Bitmaps::masked(IDB_CAL_LOWER), Bitmaps::masked(IDB_CAL_AEROBIC)},
-        {Bitmaps::masked(IDB_CAL_UPPER_OTHER), Bitmaps::masked(IDB_CAL_LOWER_OTHER),
-         Bitmaps::masked(IDB_CAL_AEROBIC_OTHER)}};
     for (const CalendarCell& cell : m_month.cells()) {
         const int other = cell.month == m_month.month() ? 0 : 1;
         const int flags[3] = {cell.upperBody, cell.lowerBody, cell.aerobic};
         for (int kind = 0; kind < 3; ++kind) {
             if (flags[kind] != 0) {
                 painter.drawPixmap(QRect(cell.left + 2 + 10 * kind + kind, cell.top + 13, kMarkSize, kMarkSize),
-                                   marks[other][kind]);
+                                   m_marks[other][kind]);
             }
         }
     }

@@ -8,6 +8,8 @@
 #include "CalendarMonth.h"
 #include "Page.h"
 
+#include <QPixmap>
+
 class QPushButton;
 
 class CalendarPage : public Page {
@@ -40,4 +42,6 @@ private:
     void drawPage(QPainter& painter) const;
 
     CalendarMonth m_month;
+    // The marks of the shown month's days and of the neighbouring months', decoded once.
+    QPixmap m_marks[2][3];
 };

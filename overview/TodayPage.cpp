@@ -23,31 +23,39 @@ constexpr int kLineHeight = 13;
 const QColor kHeadingColour(0x0A, 0x2A, 0x84);
 const QColor kRuleColour(0xC0, 0xC0, 0xC0);
 
-void drawPicture(QPainter& painter, int id, const QRect& box) {
-    const QPixmap picture = Bitmaps::toPixmap(Bitmaps::load(id));
+enum Picture { kTodayPicture, kWorkoutPicture, kFoodPicture, kGoalsPicture };
+} // namespace
+
+TodayPage::TodayPage(PageHost& host, QWidget* parent)
+    : Page(host, IDD_TODAY, QStringLiteral("TodayPage"), parent), m_textFont(DeviceFonts::tahoma(kLineHeight)),
+      m_headingFont(DeviceFonts::tahoma(kLineHeight, true)), m_dateFont(DeviceFonts::tahoma(15, true)) {
+    const int ids[] = {IDB_TODAY_TODAY, IDB_TODAY_WORKOUT, IDB_MEAL, IDB_TODAY_GOALS};
+    for (int i = 0; i < 4; ++i) {
+        m_pictures[i] = Bitmaps::toPixmap(Bitmaps::load(ids[i]));
+    }
+}
+
+void TodayPage::drawPicture(QPainter& painter, int index, const QRect& box) const {
+    const QPixmap& picture = m_pictures[index];
     const QSize size = picture.deviceIndependentSize().toSize();
     painter.drawPixmap(QRect(QPoint(4, box.center().y() - size.height() / 2 + 1), size), picture);
 }
 
-void drawHeading(QPainter& painter, int top, const QString& text) {
-    painter.setFont(DeviceFonts::tahoma(kLineHeight, true));
+void TodayPage::drawHeading(QPainter& painter, int top, const QString& text) const {
+    painter.setFont(m_headingFont);
     painter.setPen(kHeadingColour);
-    painter.drawText(QRect(kTextLeft, top, Page::kWidth - kTextLeft - 4, kLineHeight), Qt::AlignLeft | Qt::AlignVCenter,
+    painter.drawText(QRect(kTextLeft, top, kWidth - kTextLeft - 4, kLineHeight), Qt::AlignLeft | Qt::AlignVCenter,
                      text);
 }
 
 // One line of text under a heading, shortened with "..." when it does not fit.
-void drawLine(QPainter& painter, int top, int right, const QString& text) {
-    const QFont font = DeviceFonts::tahoma(kLineHeight);
-    painter.setFont(font);
+void TodayPage::drawLine(QPainter& painter, int top, int right, const QString& text) const {
+    painter.setFont(m_textFont);
     painter.setPen(Qt::black);
     const int width = right - kTextLeft;
     painter.drawText(QRect(kTextLeft, top, width, kLineHeight), Qt::AlignLeft | Qt::AlignVCenter,
-                     QFontMetrics(font).elidedText(text, Qt::ElideRight, width));
+                     QFontMetrics(m_textFont).elidedText(text, Qt::ElideRight, width));
 }
-} // namespace
-
-TodayPage::TodayPage(PageHost& host, QWidget* parent) : Page(host, IDD_TODAY, QStringLiteral("TodayPage"), parent) {}
 
 void TodayPage::initDialog() {
     StartupNotices::show(host(), this);
@@ -104,12 +112,12 @@ void TodayPage::paintEvent(QPaintEvent*) {
 
     // The user's line: today's picture, the date and "User: " with the display name.
     const QRect top(0, 0, kWidth, TodayTaps::workoutBox().top() - 4);
-    drawPicture(painter, IDB_TODAY_TODAY, top);
-    painter.setFont(DeviceFonts::tahoma(15, true));
+    drawPicture(painter, kTodayPicture, top);
+    painter.setFont(m_dateFont);
     painter.setPen(kHeadingColour);
     painter.drawText(QRect(kTextLeft, 6, kWidth - kTextLeft - 4, 16), Qt::AlignLeft | Qt::AlignVCenter,
                      Clock::now().date().toString(QStringLiteral("dddd, MMMM d")));
-    painter.setFont(DeviceFonts::tahoma(kLineHeight));
+    painter.setFont(m_textFont);
     painter.setPen(Qt::black);
     painter.drawText(QRect(kTextLeft, 24, kWidth - kTextLeft - 4, kLineHeight), Qt::AlignLeft | Qt::AlignVCenter,
                      QStringLiteral("User: ") + host().GetUserName());
@@ -117,23 +125,23 @@ void TodayPage::paintEvent(QPaintEvent*) {
     painter.drawLine(4, top.bottom(), kWidth - 5, top.bottom());
 
     const QRect workout = TodayTaps::workoutBox();
-    drawPicture(painter, IDB_TODAY_WORKOUT, workout);
+    drawPicture(painter, kWorkoutPicture, workout);
     drawHeading(painter, workout.top() + 2, QStringLiteral("Today's workout:"));
     drawLine(painter, workout.top() + 2 + kLineHeight + 3, workout.right(), m_workoutText);
 
     const QRect meal = TodayTaps::mealBox();
     painter.setPen(kRuleColour);
     painter.drawLine(4, (workout.bottom() + meal.top()) / 2, kWidth - 5, (workout.bottom() + meal.top()) / 2);
-    drawPicture(painter, IDB_MEAL, meal);
+    drawPicture(painter, kFoodPicture, meal);
     drawHeading(painter, meal.top() + 1, QStringLiteral("My next meal:"));
     drawLine(painter, meal.top() + 1 + kLineHeight + 3, meal.right(), m_nextMealText);
 
     const QRect goals = TodayTaps::goalsBox();
     painter.setPen(kRuleColour);
     painter.drawLine(4, (meal.bottom() + goals.top()) / 2, kWidth - 5, (meal.bottom() + goals.top()) / 2);
-    drawPicture(painter, IDB_TODAY_GOALS, goals);
+    drawPicture(painter, kGoalsPicture, goals);
     drawHeading(painter, goals.top() + 1, QStringLiteral("My goals:"));
-    const QFont font = DeviceFonts::tahoma(kLineHeight);
+    const QFont& font = m_textFont;
     const int textTop = goals.top() + 1 + kLineHeight + 3;
     const int width = goals.right() - kTextLeft;
     const QStringList lines = goalsLines(GoalsFile::read(), font, width, (goals.bottom() + 1 - textTop) / kLineHeight);

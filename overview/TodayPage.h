@@ -8,6 +8,11 @@
 
 #include "Page.h"
 
+#include <QFont>
+#include <QPixmap>
+
+class QPainter;
+
 class TodayPage : public Page {
 public:
     TodayPage(PageHost& host, QWidget* parent);
@@ -30,7 +35,16 @@ protected:
 
 private:
     void recompute();
+    void drawPicture(QPainter& painter, int index, const QRect& box) const;
+    void drawHeading(QPainter& painter, int top, const QString& text) const;
+    void drawLine(QPainter& painter, int top, int right, const QString& text) const;
 
+    // Made once: a font described by a height is measured each time it is made, and a bitmap is
+    // decoded; a paint would otherwise spend most of its time on both.
+    QFont m_textFont;
+    QFont m_headingFont;
+    QFont m_dateFont;
+    QPixmap m_pictures[4];
     QString m_workoutText;
     QString m_nextMealText;
 };
