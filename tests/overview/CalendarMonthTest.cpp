@@ -99,7 +99,7 @@ TEST_F(CalendarMonthTest, DaysAreMarkedBySetsAndExercisesNotByFirstVisits) {
     m_sql.addDay(kAnn.aerobic, visited, {});
     m_sql.addDay("Kov2AUpperBody", visited, {text(106, "Press")}); // another user's
     m_sql.addDay(kAnn.lowerA, lower, {text(206, "Curl")});
-    m_sql.addDay(kAnn.aerobic, aerobic, {text(801, "")}); // exercise 2 alone, saved unnamed
+    m_sql.addDay(kAnn.aerobic, aerobic, {text(901, "")}); // exercise 3 alone, saved unnamed
     m_sql.addDay(kAnn.upperA, leading, {text(106, "Dips")});
 
     built(3, 2024);

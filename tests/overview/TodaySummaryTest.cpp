@@ -83,6 +83,8 @@ TEST_F(TodaySummaryTest, NextMealIsTheFirstSlotInSlotOrderWithAnItemToCome) {
     meal(props, 2, 20, 0, {"", "", "", ""}); // to come, but nothing in it
     props.push_back(text(1030, "Cake"));     // slot 3: an item without a time
     meal(props, 4, 20, 30, {"", "", "", "Protein shake"});
+    meal(props, 14, 21, 0, {"Tea"});    // the last slot
+    meal(props, 15, 22, 0, {"Cookie"}); // no slot
     m_sql.addDay(kFood, kToday, props);
     // At 10:00 the 18:00 meal of slot 0 comes before the 12:00 one of slot 1.
     EXPECT_EQ(nextMeal(10, 0), "Steak, Salad");
@@ -90,7 +92,8 @@ TEST_F(TodaySummaryTest, NextMealIsTheFirstSlotInSlotOrderWithAnItemToCome) {
     EXPECT_EQ(nextMeal(17, 59), "Steak, Salad");
     EXPECT_EQ(nextMeal(18, 0), "Protein shake");
     EXPECT_EQ(nextMeal(20, 29), "Protein shake");
-    EXPECT_EQ(nextMeal(20, 30), "No remaining meals scheduled");
+    EXPECT_EQ(nextMeal(20, 30), "Tea");
+    EXPECT_EQ(nextMeal(21, 0), "No remaining meals scheduled");
 }
 
 TEST(TodayTapsTest, BoxesEndBeforeTheirRightAndBottomEdgesAndTheFirstLetterChoosesThePage) {
