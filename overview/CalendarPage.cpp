@@ -141,7 +141,7 @@ void CalendarPage::drawPage(QPainter& painter) const {
         const int flags[3] = {cell.upperBody, cell.lowerBody, cell.aerobic};
         for (int kind = 0; kind < 3; ++kind) {
             if (flags[kind] != 0) {
-                painter.drawPixmap(QRect(cell.left + 2 + 10 * kind + kind, cell.top + 13, kMarkSize, kMarkSize),
+                painter.drawPixmap(QRect(cell.left + 2 + kMarkSize * kind, cell.top + 13, kMarkSize, kMarkSize),
                                    m_marks[other][kind]);
             }
         }
