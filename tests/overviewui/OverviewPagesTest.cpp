@@ -81,23 +81,18 @@ TEST_F(OverviewPagesTest, TodayTapsOpenThePagesOfTheirBoxes) {
     EXPECT_EQ(tab(), 0);
 }
 
-TEST_F(OverviewPagesTest, TodayRedrawsFromTheLogsOnItsButton) {
+TEST_F(OverviewPagesTest, TodayConvertsTheEarlierLogAtStartAndRedrawsOnItsButton) {
+    m_sql.addDay("Kov2UpperBody", QDate(2003, 5, 6), {text(106, "Bench"), text(306, "Row")});
     m_sql.addDay("Kov2Food", kToday, {SqlDayWriter::mealTime(1010, 10, 1), text(1012, "Tuna")});
     startProgram();
+    EXPECT_EQ(StoredDays(m_device.paths().objectStore()).props("Kov2BUpperBody", QDate(2003, 5, 6)), "64:64,306:31");
+    EXPECT_EQ(stored("UpConv").toInt(), 1);
+
     ASSERT_TRUE(waitUntil([this] { return today().nextMealText() == "Tuna"; }));
     // At the meal's minute it is past; the tool-bar button redraws the page with the new time.
     Clock::setFixed(QDateTime(kToday, QTime(10, 1)));
     trigger(ID_TODAY_REFRESH);
     EXPECT_TRUE(waitUntil([this] { return today().nextMealText() == "No remaining meals scheduled"; }));
-}
-
-TEST_F(OverviewPagesTest, TheEarlierUpperBodyLogIsConvertedAtStart) {
-    m_sql.addDay("Kov2UpperBody", QDate(2003, 5, 6), {text(106, "Bench"), text(306, "Row")});
-    startProgram();
-    const StoredDays days(m_device.paths().objectStore());
-    EXPECT_EQ(days.props("Kov2AUpperBody", QDate(2003, 5, 6)), "64:64,106:31");
-    EXPECT_EQ(days.props("Kov2BUpperBody", QDate(2003, 5, 6)), "64:64,306:31");
-    EXPECT_EQ(stored("UpConv").toInt(), 1);
 }
 
 TEST_F(OverviewPagesTest, CalendarJumpsToTheDayOnThePageOfItsEntry) {
@@ -142,8 +137,7 @@ TEST_F(OverviewPagesTest, CalendarButtonsMoveTheMonthAndTheCellsShowTheirColours
     auto* current = calendar().findChild<QPushButton*>("c1004");
     auto* next = calendar().findChild<QPushButton*>("c1003");
     ASSERT_TRUE(previous && current && next);
-    EXPECT_LT(previous->x(), current->x());
-    EXPECT_LT(current->x(), next->x());
+    EXPECT_TRUE(previous->x() < current->x() && current->x() < next->x());
     QTest::mouseClick(previous, Qt::LeftButton);
     EXPECT_EQ(shown(), std::make_pair(2, 2024));
     QTest::mouseClick(next, Qt::LeftButton);
@@ -152,12 +146,12 @@ TEST_F(OverviewPagesTest, CalendarButtonsMoveTheMonthAndTheCellsShowTheirColours
     QTest::mouseClick(current, Qt::LeftButton);
     EXPECT_EQ(shown(), std::make_pair(3, 2024));
 
+    // Today yellow, a neighbouring month's day grey, another day white (each at its bottom-left), the
+    // weekday header blue.
     const QImage page = calendar().grab().toImage();
-    const QPoint todayCell = cellOf(kToday);
-    EXPECT_EQ(page.pixelColor(todayCell.x() - 14, todayCell.y() + 14), QColor(255, 255, 64));
-    const QPoint leading = cellOf(QDate(2024, 2, 25));
-    EXPECT_EQ(page.pixelColor(leading.x() - 14, leading.y() + 14), QColor(128, 128, 128));
-    const QPoint other = cellOf(QDate(2024, 3, 13));
-    EXPECT_EQ(page.pixelColor(other.x() - 14, other.y() + 14), QColor(Qt::white));
+    const auto fill = [&page, this](const QDate& day) { return page.pixelColor(cellOf(day) + QPoint(-14, 14)); };
+    EXPECT_EQ(fill(kToday), QColor(255, 255, 64));
+    EXPECT_EQ(fill(QDate(2024, 2, 25)), QColor(128, 128, 128));
+    EXPECT_EQ(fill(QDate(2024, 3, 13)), QColor(Qt::white));
     EXPECT_EQ(page.pixelColor(3, 18), QColor(0, 109, 255));
 }
