@@ -271,6 +271,13 @@ void MainDialog::RepaintToday() {
     }
 }
 
+void MainDialog::setDateOnPage(int index, const QDate& date) {
+    Page* target = index >= 1 && index <= 4 ? page(index) : nullptr;
+    if (target != nullptr) {
+        target->setDate(date);
+    }
+}
+
 void MainDialog::ShowSetGrid(const QDate& date, int groupCode) {
     if (!m_setGrid) {
         return;

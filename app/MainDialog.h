@@ -60,6 +60,8 @@ public:
     void RefreshLogPages() override;
     void ReloadForUser() override;
     void RepaintToday() override;
+    void setDateOnPage(int index, const QDate& date) override;
+    void showGoals() override;
     void ShowSetGrid(const QDate& date, int groupCode) override;
     void forwardDateToStrengthPage(BodyRegion region, const QDate& date) override;
     void forwardTimesToStrengthPage(BodyRegion region, const WorkoutTimes& times) override;
@@ -101,7 +103,6 @@ private:
     void saveAerobicIfVisible();
     Page* strengthPage(BodyRegion region) const;
     void forEachLogPage(void (Page::*hook)());
-    void showGoals();
     void showAbout();
     void showPhoto();
     void showOptions();

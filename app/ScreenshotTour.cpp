@@ -1,6 +1,7 @@
 #include "ScreenshotTour.h"
 
 #include "AerobicRecords.h"
+#include "CalendarPage.h"
 #include "CalendarPopup.h"
 #include "CeDatabase.h"
 #include "Clock.h"
@@ -11,6 +12,7 @@
 #include "DeviceMessageBoxPresenter.h"
 #include "DevicePaths.h"
 #include "FoodRecords.h"
+#include "GoalsFile.h"
 #include "KovalinApp.h"
 #include "MainDialog.h"
 #include "NumberEdit.h"
@@ -266,6 +268,7 @@ void ScreenshotTour::tourPages() {
     screen.findChild<QAction*>(QStringLiteral("cmd%1").arg(ID_MENU_OPTIONS))->trigger();
     tourStrength();
     tourAerobic();
+    tourOverview();
     QApplication::quit();
 }
 
@@ -407,6 +410,73 @@ void ScreenshotTour::tourAerobic() {
     main.SelectPage(3);
     QApplication::processEvents();
     save(grabScreen(), QStringLiteral("aerobic-boxes-hidden.png"));
+    main.SelectPage(0);
+}
+
+namespace {
+// Five weeks of training around March 2024 for the calendar: upper body on Mondays, Wednesdays and
+// Fridays, lower body on Tuesdays and Thursdays, a run most mornings; and the user's goals.
+bool writeTrainingMonth(const QDate& today) {
+    const StrengthRecords upper(QStringLiteral("Kov2AUpperBody"), QStringLiteral("Kov2BUpperBody"));
+    const StrengthRecords lower(QStringLiteral("Kov2ALowerBody"), QStringLiteral("Kov2BLowerBody"));
+    const AerobicRecords aerobic(QStringLiteral("Kov2Aerobic"));
+    bool written = aerobic.EnsureDatabase() && upper.EnsureDatabases() && lower.EnsureDatabases();
+    for (QDate day(2024, 2, 26); day < today && written; day = day.addDays(1)) {
+        const int weekday = day.dayOfWeek();
+        const int sets = 2 + day.day() % 4;
+        std::vector<StrengthSet> rows;
+        if (weekday == 1 || weekday == 3 || weekday == 5) {
+            for (int i = 0; i < sets; ++i) {
+                rows.push_back(set("Barbell Bench Press", "10", 135 + 5 * i, "2", 7));
+            }
+            written = upper.EnsureDay(day) && writeGroup(upper, day, MuscleGroup(BodyRegion::Upper, 0), rows);
+        } else if (weekday == 2 || weekday == 4) {
+            for (int i = 0; i < sets; ++i) {
+                rows.push_back(set("Barbell Squats", "8", 185 + 10 * i, "3", 8));
+            }
+            written = lower.EnsureDay(day) && writeGroup(lower, day, MuscleGroup(BodyRegion::Lower, 0), rows);
+        }
+        if (written && day.day() % 3 != 0 && weekday != 7) {
+            AerobicExercise run;
+            run.exercise = QStringLiteral("Run");
+            run.course = QStringLiteral("River loop");
+            run.distance = 3.1;
+            run.start = QDateTime(day, QTime(6, 15));
+            run.end = QDateTime(day, QTime(6, 45));
+            written = aerobic.CreateDay(day) != 0 && aerobic.SaveExercise(day, 1, run);
+        }
+    }
+    return written &&
+           GoalsFile::write(QStringLiteral("Run a half marathon under 1:50 in May. Bench press 225 lb by the "
+                                           "summer. Keep body fat under 14%. Sleep seven hours a night, "
+                                           "every night, and drink eight cups of water a day."));
+}
+} // namespace
+
+void ScreenshotTour::tourOverview() {
+    MainDialog& main = m_app->screen().mainDialog();
+    if (!writeTrainingMonth(QDate(2024, 3, 14))) {
+        m_failed.append(QStringLiteral("cannot write the demonstration month"));
+        return;
+    }
+    main.SelectPage(0);
+    QApplication::processEvents();
+    save(grabScreen(), QStringLiteral("today-summary.png"));
+    main.SelectPage(6);
+    QApplication::processEvents();
+    save(grabScreen(), QStringLiteral("calendar-month.png"));
+    // A tap on Monday 11 March, a day of upper body and a run: the pop-up of the day's kinds.
+    auto* calendar = static_cast<CalendarPage*>(main.page(6));
+    const int cell = static_cast<int>(calendar->month().firstCellDay().daysTo(QDate(2024, 3, 11)));
+    const QPointF at(1 + 34 * (cell % 7) + 17, 32 + 35 * (cell / 7) + 17);
+    QTimer::singleShot(0, this, [this] {
+        save(grabScreen(), QStringLiteral("calendar-popup.png"));
+        if (QWidget* popup = QApplication::activePopupWidget()) {
+            popup->close();
+        }
+    });
+    QMouseEvent press(QEvent::MouseButtonPress, at, calendar->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, {});
+    QApplication::sendEvent(calendar, &press);
     main.SelectPage(0);
 }
 

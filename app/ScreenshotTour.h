@@ -37,6 +37,9 @@ private:
     // The aerobic page: a day of three exercises, each shown, the intensity boxes shown and hidden,
     // and the delete question.
     void tourAerobic();
+    // The Today page with a workout, a meal to come and goals; the calendar of a busy month and the
+    // pop-up of a day with two kinds of training.
+    void tourOverview();
     // A tap on the first field of target, and keys typed into it as a person types them.
     static void tapStart(QWidget* target);
     static void type(QWidget* target, const QString& text, int key = 0);

@@ -35,6 +35,11 @@ public:
     virtual void ReloadForUser() = 0;
     // Makes the Today page redraw from the databases.
     virtual void RepaintToday() = 0;
+    // Moves the one page of tab index (1 upper body, 2 lower body, 3 aerobic, 4 food) to date, as
+    // the calendar does when the dates of the pages are not kept together.
+    virtual void setDateOnPage(int index, const QDate& date) = 0;
+    // Opens the goals dialog; the Today page redraws when the goals were changed.
+    virtual void showGoals() = 0;
     // Shows the set-entry grid over the strength pages for one muscle group of one day.
     virtual void ShowSetGrid(const QDate& date, int groupCode) = 0;
 

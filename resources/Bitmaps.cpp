@@ -27,6 +27,15 @@ QString pathOf(int id) {
         {IDB_SETGRID_TOOLBAR, QStringLiteral(":/bitmaps/toolbar_setgrid.bmp")},
         {IDB_NOW, QStringLiteral(":/bitmaps/now.bmp")},
         {IDB_MEAL, QStringLiteral(":/bitmaps/food.bmp")},
+        {IDB_TODAY_TODAY, QStringLiteral(":/bitmaps/today.bmp")},
+        {IDB_TODAY_WORKOUT, QStringLiteral(":/bitmaps/workout.bmp")},
+        {IDB_TODAY_GOALS, QStringLiteral(":/bitmaps/goals.bmp")},
+        {IDB_CAL_UPPER, QStringLiteral(":/bitmaps/cal_upper.bmp")},
+        {IDB_CAL_LOWER, QStringLiteral(":/bitmaps/cal_lower.bmp")},
+        {IDB_CAL_AEROBIC, QStringLiteral(":/bitmaps/cal_aerobic.bmp")},
+        {IDB_CAL_UPPER_OTHER, QStringLiteral(":/bitmaps/cal_upper_other.bmp")},
+        {IDB_CAL_LOWER_OTHER, QStringLiteral(":/bitmaps/cal_lower_other.bmp")},
+        {IDB_CAL_AEROBIC_OTHER, QStringLiteral(":/bitmaps/cal_aerobic_other.bmp")},
     };
     return paths.value(id);
 }

@@ -60,6 +60,19 @@ constexpr int IDB_SETGRID_BAR = 197;                     // the column heads ove
 constexpr int IDB_SETGRID_TOOLBAR = IDR_SETGRID_TOOLBAR; // the set-entry grid's button images
 constexpr int IDB_NOW = 293;                             // the strength pages' "!" (now) buttons
 constexpr int IDB_MEAL = 277;                            // the meal dialog's picture ("food.bmp")
+// The Today page's pictures beside "food.bmp" (the meal dialog's): "today.bmp" and "goals.bmp", 48 x 40,
+// and "workout.bmp", 48 x 32.
+constexpr int IDB_TODAY_TODAY = 282;
+constexpr int IDB_TODAY_WORKOUT = 283;
+constexpr int IDB_TODAY_GOALS = 284;
+// The calendar's marks, 10 x 10: upper body, lower body and aerobic on a day of the shown month,
+// and the same three on a grey day of a neighbouring month.
+constexpr int IDB_CAL_UPPER = 183;
+constexpr int IDB_CAL_LOWER = 184;
+constexpr int IDB_CAL_AEROBIC = 185;
+constexpr int IDB_CAL_UPPER_OTHER = 186;
+constexpr int IDB_CAL_LOWER_OTHER = 229;
+constexpr int IDB_CAL_AEROBIC_OTHER = 230;
 
 // --- Controls ---------------------------------------------------------------------------------
 constexpr int IDC_TAB = 1000; // the main dialog's tab row
@@ -174,6 +187,11 @@ constexpr int IDC_MEAL_VEGLIST = 1388;
 constexpr int IDC_MEAL_OTHERLIST = 1389;
 constexpr int IDC_MEAL_PICTURE = 1390;
 
+// Calendar page (dialog 182): the month buttons along the top edge, left to right.
+constexpr int IDC_CAL_PREVIOUS = 1002;
+constexpr int IDC_CAL_CURRENT = 1004;
+constexpr int IDC_CAL_NEXT = 1003;
+
 // Start-up progress box.
 constexpr int IDC_STARTUP_PICTURE = 1300;
 constexpr int IDC_STARTUP_TEXT = 1301;
@@ -242,6 +260,11 @@ constexpr int ID_CLEAR_ROWANDBELOW = 32878;
 // The food page's meal list menus ("Add Meal" is the tool bar's command).
 constexpr int ID_FOOD_DELETEMEAL = 32890;
 constexpr int ID_FOOD_EDITMEAL = 32891;
+
+// The calendar's pop-up of a day with several entries.
+constexpr int ID_CAL_UPPERBODY = 32880;
+constexpr int ID_CAL_LOWERBODY = 32881;
+constexpr int ID_CAL_AEROBIC = 32882;
 
 // Commands the main window receives and ignores.
 constexpr int ID_IGNORED_32774 = 32774;

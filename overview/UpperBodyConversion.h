@@ -1,0 +1,39 @@
+#pragma once
+// The one-time conversion of Kov2UpperBody, the upper-body log of an earlier release, into the
+// upper-body pair Kov2AUpperBody / Kov2BUpperBody.
+//
+// Kov2UpperBody holds one record per day under the day key: the workout header (102-105, 1132,
+// 1133) and the sets of all six groups (106-705). Each day becomes an A record (the key, the header
+// and every property outside 306-705, i.e. groups 0 and 1) and a B record (the key and groups 2 to
+// 5). A day that the pair already holds, in either database, is left as the pair has it. The
+// earlier release knew no users, so its days go to the Default user's pair (the bare names).
+//
+// The source is never changed. Once every day has been taken, the registry value UpConv is set to
+// 1 and the conversion never runs again; a run cut short by an error leaves it unset, so the next
+// start tries again and skips the days already taken.
+
+#include <QString>
+
+class QObject;
+
+class UpperBodyConversion {
+public:
+    static inline const QString kSourceName = QStringLiteral("Kov2UpperBody");
+    static inline const QString kDoneValue = QStringLiteral("UpConv");
+    static inline const QString kFailedText = QStringLiteral(
+        "The upper-body log of an earlier release (Kov2UpperBody) could not be converted completely. It is kept "
+        "as it was, and the conversion will be tried again at the next start.");
+
+    struct Outcome {
+        bool ran = false;  // there was something to convert and it had not been done before
+        bool done = false; // every day was taken (converted or already held)
+        int converted = 0; // days written into the pair
+        int kept = 0;      // days the pair already held
+    };
+
+    // Converts into the pair aName / bName when the source exists and the conversion has not been
+    // done. A failure shows kFailedText over owner.
+    static Outcome runOnce(const QString& aName, const QString& bName, QObject* owner = nullptr);
+    // The same into the Default user's pair.
+    static Outcome runOnce(QObject* owner = nullptr);
+};

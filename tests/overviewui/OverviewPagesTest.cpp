@@ -1,0 +1,157 @@
+// The Today and calendar pages on the whole program, driven through taps, over logs written with
+// plain SQL before the program starts.
+
+#include "CalendarPage.h"
+#include "TodayPage.h"
+
+#include "AerobicLogPage.h"
+#include "Clock.h"
+#include "Settings.h"
+#include "ShellPageFactory.h"
+#include "ShellTestSupport.h"
+#include "SqlDayWriter.h"
+#include "StoredDays.h"
+#include "StrengthLogPage.h"
+#include "resource.h"
+
+#include <QDialog>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTest>
+
+namespace {
+const QDate kToday(2024, 3, 14);
+
+SqlDayWriter::Prop text(int number, const QString& value) {
+    return SqlDayWriter::text(number, value);
+}
+
+class OverviewPagesTest : public ShellTest {
+protected:
+    OverviewPagesTest() { Clock::setFixed(QDateTime(kToday, QTime(10, 0))); }
+    ~OverviewPagesTest() override { Clock::setFixed(std::nullopt); }
+
+    void startProgram() { start(false, &m_pages); }
+    int tab() const { return m_screen->mainDialog().tabControl()->currentIndex(); }
+    TodayPage& today() const { return *static_cast<TodayPage*>(m_screen->mainDialog().page(0)); }
+    CalendarPage& calendar() const { return *static_cast<CalendarPage*>(m_screen->mainDialog().page(6)); }
+    QDate dateOf(int index) const {
+        Page* page = m_screen->mainDialog().page(index);
+        return index == 3 ? static_cast<AerobicLogPage*>(page)->shownDate()
+                          : static_cast<StrengthLogPage*>(page)->shownDate();
+    }
+    void tapToday(const QPoint& point) {
+        main().SelectPage(0);
+        QTest::mouseClick(&today(), Qt::LeftButton, {}, point);
+    }
+    // The middle of the calendar cell that shows day.
+    QPoint cellOf(const QDate& day) const {
+        const int i = static_cast<int>(calendar().month().firstCellDay().daysTo(day));
+        return {1 + 34 * (i % 7) + 17, 32 + 35 * (i / 7) + 17};
+    }
+    void showCalendar() {
+        main().SelectPage(6);
+        calendar().repaint();
+    }
+
+    ShellPageFactory m_pages;
+    SqlDayWriter m_sql{m_device.paths().objectStore()};
+};
+} // namespace
+
+TEST_F(OverviewPagesTest, TodayTapsOpenThePagesOfTheirBoxes) {
+    m_sql.addDay("Kov2Aerobic", kToday, {text(701, "Run")});
+    m_sql.addDay("Kov2AUpperBody", kToday, {text(106, "Bench")});
+    m_sql.addDay("Kov2Food", kToday, {SqlDayWriter::mealTime(1010, 18, 0), text(1012, "Steak")});
+    startProgram();
+    ASSERT_TRUE(waitUntil([this] { return today().workoutText() == "Run, Upper Body, Lower Body"; }));
+    EXPECT_EQ(today().nextMealText(), "Steak");
+
+    tapToday({100, 70});
+    EXPECT_EQ(tab(), 3);
+    tapToday({100, 120});
+    EXPECT_EQ(tab(), 4);
+    bool goalsShown = false;
+    whenShown("GoalsDialog", [&goalsShown](QWidget* dialog) {
+        goalsShown = true;
+        static_cast<QDialog*>(dialog)->reject();
+    });
+    tapToday({100, 180});
+    EXPECT_TRUE(goalsShown);
+    EXPECT_EQ(tab(), 0);
+}
+
+TEST_F(OverviewPagesTest, TodayConvertsTheEarlierLogAtStartAndRedrawsOnItsButton) {
+    m_sql.addDay("Kov2UpperBody", QDate(2003, 5, 6), {text(106, "Bench"), text(306, "Row")});
+    m_sql.addDay("Kov2Food", kToday, {SqlDayWriter::mealTime(1010, 10, 1), text(1012, "Tuna")});
+    startProgram();
+    EXPECT_EQ(StoredDays(m_device.paths().objectStore()).props("Kov2BUpperBody", QDate(2003, 5, 6)), "64:64,306:31");
+    EXPECT_EQ(stored("UpConv").toInt(), 1);
+
+    ASSERT_TRUE(waitUntil([this] { return today().nextMealText() == "Tuna"; }));
+    // At the meal's minute it is past; the tool-bar button redraws the page with the new time.
+    Clock::setFixed(QDateTime(kToday, QTime(10, 1)));
+    trigger(ID_TODAY_REFRESH);
+    EXPECT_TRUE(waitUntil([this] { return today().nextMealText() == "No remaining meals scheduled"; }));
+}
+
+TEST_F(OverviewPagesTest, CalendarJumpsToTheDayOnThePageOfItsEntry) {
+    const QDate both(2024, 3, 5), lower(2024, 3, 7), leading(2024, 2, 27);
+    m_sql.addDay("Kov2AUpperBody", both, {text(106, "Bench")});
+    m_sql.addDay("Kov2Aerobic", both, {text(701, "Run")});
+    m_sql.addDay("Kov2ALowerBody", lower, {text(106, "Squat")});
+    m_sql.addDay("Kov2AUpperBody", leading, {text(106, "Dips")});
+    startProgram();
+
+    // One entry, CkDate off: straight to the page, and only the target page moves to the day.
+    showCalendar();
+    QTest::mouseClick(&calendar(), Qt::LeftButton, {}, cellOf(lower));
+    EXPECT_EQ(tab(), 2);
+    EXPECT_EQ(std::make_pair(dateOf(2), dateOf(1)), std::make_pair(lower, kToday));
+    // A leading cell jumps to its own month's day.
+    showCalendar();
+    QTest::mouseClick(&calendar(), Qt::LeftButton, {}, cellOf(leading));
+    EXPECT_EQ(std::make_pair(tab(), dateOf(1)), std::make_pair(1, leading));
+    // A day without entries leads nowhere.
+    showCalendar();
+    QTest::mouseClick(&calendar(), Qt::LeftButton, {}, cellOf(QDate(2024, 3, 9)));
+    EXPECT_EQ(tab(), 6);
+
+    // Two entries: the pop-up offers them in order; dismissed, nothing happens.
+    QStringList shown;
+    holdAndChoose(&calendar(), cellOf(both), 0, &shown);
+    EXPECT_EQ(shown, QStringList({"Upper Body", "Aerobic"}));
+    EXPECT_EQ(tab(), 6);
+    // With CkDate on every page moves to the day.
+    setNumber(Settings::kCkDate, 1);
+    holdAndChoose(&calendar(), cellOf(both), ID_CAL_AEROBIC);
+    EXPECT_EQ(tab(), 3);
+    EXPECT_EQ(std::vector<QDate>({dateOf(1), dateOf(2), dateOf(3)}), std::vector<QDate>({both, both, both}));
+}
+
+TEST_F(OverviewPagesTest, CalendarButtonsMoveTheMonthAndTheCellsShowTheirColours) {
+    startProgram();
+    showCalendar();
+    const auto shown = [this] { return std::make_pair(calendar().month().month(), calendar().month().year()); };
+    auto* previous = calendar().findChild<QPushButton*>("c1002");
+    auto* current = calendar().findChild<QPushButton*>("c1004");
+    auto* next = calendar().findChild<QPushButton*>("c1003");
+    ASSERT_TRUE(previous && current && next);
+    EXPECT_TRUE(previous->x() < current->x() && current->x() < next->x());
+    QTest::mouseClick(previous, Qt::LeftButton);
+    EXPECT_EQ(shown(), std::make_pair(2, 2024));
+    QTest::mouseClick(next, Qt::LeftButton);
+    QTest::mouseClick(next, Qt::LeftButton);
+    EXPECT_EQ(shown(), std::make_pair(4, 2024));
+    QTest::mouseClick(current, Qt::LeftButton);
+    EXPECT_EQ(shown(), std::make_pair(3, 2024));
+
+    // Today yellow, a neighbouring month's day grey, another day white (each at its bottom-left), the
+    // weekday header blue.
+    const QImage page = calendar().grab().toImage();
+    const auto fill = [&page, this](const QDate& day) { return page.pixelColor(cellOf(day) + QPoint(-14, 14)); };
+    EXPECT_EQ(fill(kToday), QColor(255, 255, 64));
+    EXPECT_EQ(fill(QDate(2024, 2, 25)), QColor(128, 128, 128));
+    EXPECT_EQ(fill(QDate(2024, 3, 13)), QColor(Qt::white));
+    EXPECT_EQ(page.pixelColor(3, 18), QColor(0, 109, 255));
+}
