@@ -174,6 +174,12 @@ constexpr int IDC_MEAL_VEGLIST = 1388;
 constexpr int IDC_MEAL_OTHERLIST = 1389;
 constexpr int IDC_MEAL_PICTURE = 1390;
 
+// Reports page (dialog 138): the measure, the period, the set number and the exercise.
+constexpr int IDC_REPORTS_MEASURE = 1009;
+constexpr int IDC_REPORTS_PERIOD = 1010;
+constexpr int IDC_REPORTS_SET = 1089;
+constexpr int IDC_REPORTS_EXERCISE = 1012;
+
 // Start-up progress box.
 constexpr int IDC_STARTUP_PICTURE = 1300;
 constexpr int IDC_STARTUP_TEXT = 1301;
