@@ -37,6 +37,9 @@ private:
     // The aerobic page: a day of three exercises, each shown, the intensity boxes shown and hidden,
     // and the delete question.
     void tourAerobic();
+    // The reports page over a year of history: body weight over the year, a set's weight over twelve
+    // weeks with a point tapped, the workouts per week and a measure without entries.
+    void tourReports();
     // A tap on the first field of target, and keys typed into it as a person types them.
     static void tapStart(QWidget* target);
     static void type(QWidget* target, const QString& text, int key = 0);

@@ -191,8 +191,10 @@ void ReportsPage::paintChart(QPainter& painter) {
     if (chart.marksPoints()) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(kLineColour);
+        // A lone point is all there is to see: it gets a larger mark.
+        const double size = line.size() == 1 ? 6.0 : 4.0;
         for (const QPointF& at : line) {
-            painter.drawRect(QRectF(at.x() - 1.5, at.y() - 1.5, 3.0, 3.0));
+            painter.drawRect(QRectF(at.x() - size / 2, at.y() - size / 2, size, size));
         }
     }
     painter.setRenderHint(QPainter::Antialiasing, false);
