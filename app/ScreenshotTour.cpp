@@ -8,6 +8,7 @@
 #include "CommandBar.h"
 #include "ConfirmDialog.h"
 #include "DateControl.h"
+#include "DayKey.h"
 #include "DeviceCombo.h"
 #include "DeviceMessageBoxPresenter.h"
 #include "DevicePaths.h"
@@ -16,7 +17,10 @@
 #include "KovalinApp.h"
 #include "MainDialog.h"
 #include "NumberEdit.h"
+#include "RecordDatabase.h"
 #include "RegistryHelper.h"
+#include "ReportChart.h"
+#include "ReportsPage.h"
 #include "SetGrid.h"
 #include "Settings.h"
 #include "StartupDialog.h"
@@ -177,6 +181,68 @@ bool writeAerobicDay(const QDate& today) {
     return aerobic.ShowDay(today) && aerobic.SaveExercise(today, 1, run) && aerobic.SaveExercise(today, 2, ride) &&
            aerobic.SaveExercise(today, 3, swim);
 }
+
+// Adds a record holding props for each day that has none yet in the dated log name.
+bool addDays(const QString& name, const std::vector<std::pair<QDate, DbRecord>>& days) {
+    if (!DatabaseCatalogue::ensureDatedLog(name)) {
+        return false;
+    }
+    RecordDatabase db;
+    if (!db.Open(name, DayKey::kPropId)) {
+        return false;
+    }
+    for (const auto& [day, props] : days) {
+        if (db.SeekFirstEqual(DayKey::prop(day)) != 0) {
+            continue;
+        }
+        DbRecord record;
+        record.append(DayKey::prop(day));
+        for (const DbProp& prop : props.props()) {
+            record.append(prop);
+        }
+        if (db.Write(record, 0) == 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// A year of the Default user's history before today for the reports: a weigh-in every few days,
+// slowly coming down to today's 182; the bench press on Mondays and Thursdays for twelve weeks, going
+// up; squats on Tuesdays and runs on Wednesdays and Saturdays.
+bool writeReportHistory(const QDate& today) {
+    std::vector<std::pair<QDate, DbRecord>> weighIns;
+    for (int back = 364; back >= 1; back -= (back % 3 == 0 ? 2 : 3)) {
+        DbRecord record;
+        const int weight = 182 + back / 28 + (back * 7 % 5) - 2;
+        record.append(DbProp::i2(FoodDayValues::kWeight, static_cast<std::int16_t>(weight)));
+        weighIns.emplace_back(today.addDays(-back), record);
+    }
+    std::vector<std::pair<QDate, DbRecord>> runs;
+    const StrengthRecords upper(QStringLiteral("Kov2AUpperBody"), QStringLiteral("Kov2BUpperBody"));
+    const StrengthRecords lower(QStringLiteral("Kov2ALowerBody"), QStringLiteral("Kov2BLowerBody"));
+    bool written = addDays(QStringLiteral("Kov2Food"), weighIns) && upper.EnsureDatabases() && lower.EnsureDatabases();
+    for (int back = 83; back >= 1 && written; --back) {
+        const QDate day = today.addDays(-back);
+        const int weekday = day.dayOfWeek();
+        if (weekday == Qt::Monday || weekday == Qt::Thursday) {
+            const double bench = 135 + (83 - back) / 7 * 2.5;
+            written = upper.EnsureDay(day) && writeGroup(upper, day, MuscleGroup(BodyRegion::Upper, 0),
+                                                         {set("Barbell Bench Press", "10", bench, "2", 6),
+                                                          set("Barbell Bench Press", "8", bench + 10, "2", 7),
+                                                          set("Incline Dumbbell Press", "10", 50, "2", 7)});
+        } else if (weekday == Qt::Tuesday) {
+            written = lower.EnsureDay(day) && writeGroup(lower, day, MuscleGroup(BodyRegion::Lower, 0),
+                                                         {set("Barbell Squats", "10", 185, "3", 7)});
+        } else if (weekday == Qt::Wednesday || weekday == Qt::Saturday) {
+            DbRecord run;
+            run.append(DbProp::text(701, QStringLiteral("Run")));
+            run.append(DbProp::r8(722, weekday == Qt::Saturday ? 6.2 : 3.1));
+            runs.emplace_back(day, run);
+        }
+    }
+    return written && addDays(QStringLiteral("Kov2Aerobic"), runs);
+}
 } // namespace
 
 ScreenshotTour::ScreenshotTour(const QString& directory) : m_directory(directory) {}
@@ -269,6 +335,7 @@ void ScreenshotTour::tourPages() {
     tourStrength();
     tourAerobic();
     tourOverview();
+    tourReports();
     QApplication::quit();
 }
 
@@ -477,6 +544,46 @@ void ScreenshotTour::tourOverview() {
     });
     QMouseEvent press(QEvent::MouseButtonPress, at, calendar->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, {});
     QApplication::sendEvent(calendar, &press);
+}
+
+void ScreenshotTour::tourReports() {
+    if (!writeReportHistory(Clock::now().date())) {
+        m_failed.append(QStringLiteral("cannot write the history the reports chart"));
+        return;
+    }
+    MainDialog& main = m_app->screen().mainDialog();
+    main.SelectPage(5);
+    auto* page = static_cast<ReportsPage*>(main.page(5));
+    auto choose = [page](int id, const QString& text) {
+        auto* combo = page->findChild<QComboBox*>(QStringLiteral("c%1").arg(id));
+        combo->setCurrentIndex(combo->findText(text));
+    };
+    auto picture = [this](const QString& name) {
+        QApplication::processEvents();
+        save(grabScreen(), name);
+    };
+    choose(IDC_REPORTS_PERIOD, QStringLiteral("Past Year"));
+    picture(QStringLiteral("reports-body-weight-year.png"));
+
+    // The top set of the bench press over twelve weeks, a point tapped.
+    choose(IDC_REPORTS_MEASURE, QStringLiteral("Wt Chest, Set #"));
+    choose(IDC_REPORTS_PERIOD, QStringLiteral("Past 12 Weeks"));
+    choose(IDC_REPORTS_SET, QStringLiteral("Set 2"));
+    choose(IDC_REPORTS_EXERCISE, QStringLiteral("Barbell Bench Press"));
+    if (page->report().points().size() > 10) {
+        const QPointF at = ReportChart(page->report(), QPointF(ReportsPage::kChartLeft, ReportsPage::kChartBase))
+                               .position(page->report().points()[10]);
+        const QPoint tap = at.toPoint();
+        QMouseEvent press(QEvent::MouseButtonPress, tap, page->mapToGlobal(tap), Qt::LeftButton, Qt::LeftButton, {});
+        QApplication::sendEvent(page, &press);
+    }
+    picture(QStringLiteral("reports-weight-per-set.png"));
+
+    choose(IDC_REPORTS_MEASURE, QStringLiteral("Workouts Per Week"));
+    picture(QStringLiteral("reports-workouts-per-week.png"));
+    choose(IDC_REPORTS_MEASURE, QStringLiteral("Wt Misc, Set #"));
+    choose(IDC_REPORTS_PERIOD, QStringLiteral("Past Week"));
+    picture(QStringLiteral("reports-no-entries.png"));
     main.SelectPage(0);
 }
 

@@ -40,6 +40,9 @@ private:
     // The Today page with a workout, a meal to come and goals; the calendar of a busy month and the
     // pop-up of a day with two kinds of training.
     void tourOverview();
+    // The reports page over a year of history: body weight over the year, a set's weight over twelve
+    // weeks with a point tapped, the workouts per week and a measure without entries.
+    void tourReports();
     // A tap on the first field of target, and keys typed into it as a person types them.
     static void tapStart(QWidget* target);
     static void type(QWidget* target, const QString& text, int key = 0);

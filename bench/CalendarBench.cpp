@@ -17,6 +17,7 @@
 #include "Clock.h"
 #include "DatabaseCatalogue.h"
 #include "DayKey.h"
+#include "DefaultUserHost.h"
 #include "DeviceFonts.h"
 #include "DirectStore.h"
 #include "GoalsFile.h"
@@ -129,35 +130,6 @@ bool same(const std::vector<TrainingMarks::Day>& a, const std::vector<TrainingMa
            });
 }
 
-// What the pages ask of the main window, for pages shown on their own: the default user's logs.
-class BenchHost : public PageHost {
-public:
-    QString GetUserName() const override { return QStringLiteral("Default"); }
-    QString upperBodyADatabaseName() const override { return name(UserDatabase::UpperA); }
-    QString upperBodyBDatabaseName() const override { return name(UserDatabase::UpperB); }
-    QString lowerBodyADatabaseName() const override { return name(UserDatabase::LowerA); }
-    QString lowerBodyBDatabaseName() const override { return name(UserDatabase::LowerB); }
-    QString aerobicDatabaseName() const override { return name(UserDatabase::Aerobic); }
-    QString foodDatabaseName() const override { return name(UserDatabase::Food); }
-    void SelectPage(int) override {}
-    void SetDateOnAllPages(const QDate&) override {}
-    void RefreshLogPages() override {}
-    void ReloadForUser() override {}
-    void RepaintToday() override {}
-    void setDateOnPage(int, const QDate&) override {}
-    void showGoals() override {}
-    void ShowSetGrid(const QDate&, int) override {}
-    void forwardDateToStrengthPage(BodyRegion, const QDate&) override {}
-    void forwardTimesToStrengthPage(BodyRegion, const WorkoutTimes&) override {}
-    void returnFromSetGrid(int) override {}
-    ConfirmResult confirm(const ConfirmRequest&) override { return {}; }
-    int runDialog(QDialog&) override { return QDialog::Rejected; }
-    QString editItemList(const QString&) override { return {}; }
-
-private:
-    static QString name(UserDatabase which) { return DatabaseCatalogue::userDatabaseName(which, QString()); }
-};
-
 void paint(benchmark::State& state, QWidget& page) {
     QImage surface(Page::kWidth, Page::kHeight, QImage::Format_ARGB32_Premultiplied);
     for (auto _ : state) {
@@ -228,7 +200,7 @@ int main(int argc, char** argv) {
         },
         kLimit);
 
-    BenchHost host;
+    DefaultUserHost host;
     CalendarPage calendar(host, nullptr);
     TodayPage today(host, nullptr);
     calendar.resize(Page::kWidth, Page::kHeight);

@@ -191,6 +191,11 @@ constexpr int IDC_MEAL_PICTURE = 1390;
 constexpr int IDC_CAL_PREVIOUS = 1002;
 constexpr int IDC_CAL_CURRENT = 1004;
 constexpr int IDC_CAL_NEXT = 1003;
+// Reports page (dialog 138): the measure, the period, the set number and the exercise.
+constexpr int IDC_REPORTS_MEASURE = 1009;
+constexpr int IDC_REPORTS_PERIOD = 1010;
+constexpr int IDC_REPORTS_SET = 1089;
+constexpr int IDC_REPORTS_EXERCISE = 1012;
 
 // Start-up progress box.
 constexpr int IDC_STARTUP_PICTURE = 1300;
