@@ -19,6 +19,7 @@
 class CommandBar;
 class QTabBar;
 class StartupDialog;
+class UserManager;
 
 class MainDialog : public QWidget, public PageHost {
     Q_OBJECT
@@ -77,6 +78,9 @@ public:
     // The tool bar tab index shows (0 for none).
     static int toolBarOfTab(int index);
 
+    // Switch User and Manage Users, and the item list editor's user mode.
+    UserManager& users() { return *m_users; }
+
     // A command from the menu or a tool bar.
     void onCommand(int command);
     // Exit: saves the aerobic page when it is shown, then ends the dialog.
@@ -122,6 +126,7 @@ private:
     ImageList m_tabImages;
     std::unique_ptr<Page> m_setGrid;
     QPointer<StartupDialog> m_startupDialog;
+    std::unique_ptr<UserManager> m_users;
     QTabBar* m_tabControl = nullptr;
     QIcon m_icon;
 
