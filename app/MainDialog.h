@@ -78,9 +78,6 @@ public:
     // The tool bar tab index shows (0 for none).
     static int toolBarOfTab(int index);
 
-    // Switch User and Manage Users, and the item list editor's user mode.
-    UserManager& users() { return *m_users; }
-
     // A command from the menu or a tool bar.
     void onCommand(int command);
     // Exit: saves the aerobic page when it is shown, then ends the dialog.

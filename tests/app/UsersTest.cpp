@@ -5,6 +5,7 @@
 #include "FoodRecords.h"
 #include "ItemListDialog.h"
 #include "NavigationBar.h"
+#include "RecordDatabase.h"
 #include "Settings.h"
 #include "ShellPageFactory.h"
 #include "ShellTestSupport.h"
@@ -341,5 +342,12 @@ TEST_F(UsersTest, APageShowsTheDayOfTheUserSwitchedTo) {
     trigger(32863);
     EXPECT_EQ(weight->text(), "131");
     EXPECT_NE(before, "131");
+
+    // A user with no databases yet: the pages show the day without a complaint.
+    ASSERT_EQ(UserList::add("Bob"), UserList::AddResult::Added);
+    chooseUser("Bob");
+    trigger(32863);
+    EXPECT_EQ(m_boxes.texts(), QStringList());
+    EXPECT_TRUE(RecordDatabase::Exists("Kov2FoodBob"));
     Clock::setFixed(std::nullopt);
 }
