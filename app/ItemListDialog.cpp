@@ -4,6 +4,7 @@
 #include "ItemListUserMode.h"
 #include "MessageBox.h"
 #include "NameList.h"
+#include "UserList.h"
 #include "resource.h"
 
 #include <QGridLayout>
@@ -89,7 +90,8 @@ bool ItemListDialog::refill() {
     const NameList list(m_databaseName);
     m_list->clear();
     std::optional<QStringList> items;
-    if (list.ensureExists()) {
+    // The user list is never left empty: it gets its two fixed rows back.
+    if (isUserList() ? UserList::fill() : list.ensureExists()) {
         items = list.items();
     }
     if (!items) {
@@ -105,6 +107,11 @@ bool ItemListDialog::refill() {
 QString ItemListDialog::selectedText() const {
     const QList<QListWidgetItem*> selected = m_list->selectedItems();
     return selected.isEmpty() ? QString() : selected.first()->text();
+}
+
+void ItemListDialog::closeHandingBack(const QString& name) {
+    m_handedBack = name;
+    accept();
 }
 
 void ItemListDialog::add() {

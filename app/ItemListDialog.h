@@ -40,6 +40,8 @@ public:
     bool refill();
     // The text of the selected row, or the empty string.
     QString selectedText() const;
+    // Ends the visit at once, handing name back (the user mode, after the current user was deleted).
+    void closeHandingBack(const QString& name);
 
 protected:
     void onOk() override;

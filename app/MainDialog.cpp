@@ -13,6 +13,7 @@
 #include "RegistryHelper.h"
 #include "Settings.h"
 #include "StartupDialog.h"
+#include "UserManager.h"
 #include "resource.h"
 
 #include <QTabBar>
@@ -38,7 +39,8 @@ const QString kHelpText =
 } // namespace
 
 MainDialog::MainDialog(PageFactory& factory, QWidget* commandBarSlot, QWidget* parent)
-    : QWidget(parent), m_icon(Bitmaps::icon(IDR_MAINFRAME)), m_factory(factory), m_commandBarSlot(commandBarSlot) {
+    : QWidget(parent), m_users(std::make_unique<UserManager>(*this)), m_icon(Bitmaps::icon(IDR_MAINFRAME)),
+      m_factory(factory), m_commandBarSlot(commandBarSlot) {
     setObjectName(QStringLiteral("MainDialog"));
     m_tabControl = new QTabBar(this);
     m_tabControl->setObjectName(QStringLiteral("c%1").arg(IDC_TAB));
@@ -262,7 +264,13 @@ void MainDialog::RefreshLogPages() {
 }
 
 void MainDialog::ReloadForUser() {
+    // Every page shows the current user's data, the overview pages included.
     forEachLogPage(&Page::reload);
+    for (Page* overview : {m_todayPage.get(), m_calendarPage.get(), m_reportsPage.get()}) {
+        if (overview != nullptr) {
+            overview->reload();
+        }
+    }
 }
 
 void MainDialog::RepaintToday() {
@@ -339,6 +347,7 @@ int MainDialog::runDialog(QDialog& dialog) {
 QString MainDialog::editItemList(const QString& databaseName) {
     ItemListDialog dialog(this);
     dialog.setDatabaseName(databaseName);
+    dialog.setUserMode(m_users.get());
     dialog.edit();
     return dialog.nameHandedBack();
 }
@@ -363,10 +372,10 @@ void MainDialog::onCommand(int command) {
         showNotBuiltYet(QStringLiteral("The data utilities are"));
         break;
     case ID_MENU_SWITCHUSER:
-        showNotBuiltYet(QStringLiteral("Switching users is"));
+        m_users->switchUser();
         break;
     case ID_MENU_MANAGEUSERS:
-        showNotBuiltYet(QStringLiteral("Managing users is"));
+        m_users->manageUsers();
         break;
     case ID_MENU_HELP:
         showHelp();

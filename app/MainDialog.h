@@ -19,6 +19,7 @@
 class CommandBar;
 class QTabBar;
 class StartupDialog;
+class UserManager;
 
 class MainDialog : public QWidget, public PageHost {
     Q_OBJECT
@@ -123,6 +124,7 @@ private:
     ImageList m_tabImages;
     std::unique_ptr<Page> m_setGrid;
     QPointer<StartupDialog> m_startupDialog;
+    std::unique_ptr<UserManager> m_users;
     QTabBar* m_tabControl = nullptr;
     QIcon m_icon;
 

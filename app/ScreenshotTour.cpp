@@ -26,6 +26,7 @@
 #include "StartupDialog.h"
 #include "StrengthRecords.h"
 #include "TimeControl.h"
+#include "UserList.h"
 #include "resource.h"
 
 #include <QAction>
@@ -336,6 +337,7 @@ void ScreenshotTour::tourPages() {
     tourAerobic();
     tourOverview();
     tourReports();
+    tourUsers();
     QApplication::quit();
 }
 
@@ -585,6 +587,73 @@ void ScreenshotTour::tourReports() {
     choose(IDC_REPORTS_PERIOD, QStringLiteral("Past Week"));
     picture(QStringLiteral("reports-no-entries.png"));
     main.SelectPage(0);
+}
+
+void ScreenshotTour::tourUsers() {
+    if (UserList::add(QStringLiteral("Ann")) != UserList::AddResult::Added ||
+        UserList::add(QStringLiteral("Bob")) != UserList::AddResult::Added) {
+        m_failed.append(QStringLiteral("cannot add the users Ann and Bob"));
+        return;
+    }
+    // Switch User: Ann highlighted in the select-user dialog, then the Today page for her.
+    QTimer::singleShot(0, this, [this] {
+        QDialog* dialog = visibleDialog(QStringLiteral("SelectUserDialog"));
+        if (dialog == nullptr) {
+            m_failed.append(QStringLiteral("no select-user dialog"));
+            return;
+        }
+        selectRow(dialog, QStringLiteral("Ann"));
+        save(grabScreen(), QStringLiteral("select-user.png"));
+        dialog->findChild<QPushButton*>(QStringLiteral("c1"))->click();
+    });
+    command(ID_MENU_SWITCHUSER);
+    MainDialog& main = m_app->screen().mainDialog();
+    main.SelectPage(0);
+    QApplication::processEvents();
+    save(grabScreen(), QStringLiteral("today-switched-user.png"));
+
+    // Manage Users: a new name typed and Bob highlighted, then Bob's deletion with "yes" typed.
+    QTimer::singleShot(0, this, [this] {
+        QDialog* editor = visibleDialog(QStringLiteral("ItemListDialog"));
+        if (editor == nullptr) {
+            m_failed.append(QStringLiteral("no user editor"));
+            return;
+        }
+        auto* name = editor->findChild<QLineEdit*>(QStringLiteral("c%1").arg(IDC_ITEM_EDIT));
+        name->setText(QStringLiteral("Carol"));
+        selectRow(editor, QStringLiteral("Bob"));
+        save(grabScreen(), QStringLiteral("user-editor.png"));
+        name->clear();
+        QTimer::singleShot(0, this, [this] {
+            QDialog* confirm = visibleDialog(QStringLiteral("ConfirmDialog"));
+            if (confirm == nullptr) {
+                m_failed.append(QStringLiteral("no question before deleting a user"));
+                return;
+            }
+            confirm->findChild<QLineEdit*>(QStringLiteral("c%1").arg(IDC_CONFIRM_YES))->setText(QStringLiteral("yes"));
+            QApplication::processEvents();
+            save(grabScreen(), QStringLiteral("user-delete.png"));
+            confirm->findChild<QPushButton*>(QStringLiteral("c1"))->click();
+        });
+        editor->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDC_ITEM_DELETE))->click();
+        editor->reject();
+    });
+    command(ID_MENU_MANAGEUSERS);
+}
+
+QDialog* ScreenshotTour::visibleDialog(const QString& name) const {
+    for (QDialog* dialog : m_app->screen().findChildren<QDialog*>(name)) {
+        if (dialog->isVisible()) {
+            return dialog;
+        }
+    }
+    return nullptr;
+}
+
+void ScreenshotTour::selectRow(QWidget* dialog, const QString& text) {
+    auto* list = dialog->findChild<QListWidget*>(QStringLiteral("c%1").arg(IDC_ITEM_LIST));
+    list->setCurrentItem(list->findItems(text, Qt::MatchExactly).value(0));
+    QApplication::processEvents();
 }
 
 void ScreenshotTour::tapStart(QWidget* target) {

@@ -1,7 +1,7 @@
 #pragma once
 // Writes PNG pictures of the device screen at scale 1 (240 x 320): the start-up box, the release
 // notes, every tab, the menu open, the Options dialog, the strength screens with a workout and the food page
-// with a day's food. Runs the whole program
+// with a day's food, the users. Runs the whole program
 // offscreen on a fresh temporary device with the clock fixed, driving it as a user would.
 
 #include <QImage>
@@ -11,6 +11,7 @@
 #include <QStringList>
 
 class KovalinApp;
+class QDialog;
 class QWidget;
 
 class ScreenshotTour : public QObject {
@@ -43,6 +44,13 @@ private:
     // The reports page over a year of history: body weight over the year, a set's weight over twelve
     // weeks with a point tapped, the workouts per week and a measure without entries.
     void tourReports();
+    // The users: the select-user dialog, the Today page after a switch, the editor in user mode and
+    // the question before a user is deleted.
+    void tourUsers();
+    // The visible dialog of that name on the screen, or nullptr.
+    QDialog* visibleDialog(const QString& name) const;
+    // Highlights the row of text in dialog's list box (1028).
+    static void selectRow(QWidget* dialog, const QString& text);
     // A tap on the first field of target, and keys typed into it as a person types them.
     static void tapStart(QWidget* target);
     static void type(QWidget* target, const QString& text, int key = 0);

@@ -12,12 +12,12 @@
 //                 file). The ratio is what the drawing adds; limit 4.
 
 #include "BenchDevice.h"
+#include "BenchPageHost.h"
 #include "CalendarMonth.h"
 #include "CalendarPage.h"
 #include "Clock.h"
 #include "DatabaseCatalogue.h"
 #include "DayKey.h"
-#include "DefaultUserHost.h"
 #include "DeviceFonts.h"
 #include "DirectStore.h"
 #include "GoalsFile.h"
@@ -200,7 +200,7 @@ int main(int argc, char** argv) {
         },
         kLimit);
 
-    DefaultUserHost host;
+    BenchPageHost host;
     CalendarPage calendar(host, nullptr);
     TodayPage today(host, nullptr);
     calendar.resize(Page::kWidth, Page::kHeight);

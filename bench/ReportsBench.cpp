@@ -10,9 +10,9 @@
 // of properties read; the ratio store / sqlite must stay at most 2.
 
 #include "BenchDevice.h"
+#include "BenchPageHost.h"
 #include "Clock.h"
 #include "DayKey.h"
-#include "DefaultUserHost.h"
 #include "DeviceFonts.h"
 #include "DirectStore.h"
 #include "PageHost.h"
@@ -171,9 +171,9 @@ int main(int argc, char** argv) {
     if (!direct.open()) {
         return fail(direct.errorText());
     }
-    const Lookup food{DefaultUserHost::name(UserDatabase::Food), PROP_TAG(CEVT_I2, 1002), PROP_TAG(CEVT_UI4, 1002),
+    const Lookup food{BenchPageHost().name(UserDatabase::Food), PROP_TAG(CEVT_I2, 1002), PROP_TAG(CEVT_UI4, 1002),
                       &foodWeight};
-    const Lookup weight{DefaultUserHost::name(UserDatabase::UpperA), PROP_TAG(CEVT_LPWSTR, 106), PROP_TAG(CEVT_R8, 108),
+    const Lookup weight{BenchPageHost().name(UserDatabase::UpperA), PROP_TAG(CEVT_LPWSTR, 106), PROP_TAG(CEVT_R8, 108),
                         &setWeight};
 
     // Both ways find the same points, value for value.
@@ -192,7 +192,7 @@ int main(int argc, char** argv) {
         }
     }
 
-    DefaultUserHost host;
+    BenchPageHost host;
     ReportsPage page(host, nullptr);
     ReportsPage blank(host, nullptr);
     for (ReportsPage* shown : {&page, &blank}) {

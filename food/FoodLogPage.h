@@ -30,7 +30,9 @@ public:
     void initDialog() override;
     // SetDate: moves the page to date and shows it.
     void setDate(const QDate& date) override;
-    void reload() override { LoadDay(); }
+    // Shows the date again from the current user's database: after a change of user the day may have
+    // no record (or the user no database) yet, which showing the date creates.
+    void reload() override { ShowDate(); }
     void saveCurrent() override { SaveDay(); }
     // "Add Meal" from the food tool bar.
     bool handleCommand(int command) override;

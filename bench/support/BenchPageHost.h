@@ -1,14 +1,19 @@
 #pragma once
-// What the pages ask of the main window, for pages measured on their own: the default user's logs.
-// Nothing else is used by the benchmarks; every other request does nothing.
+// What the pages ask of the main window, for pages measured on their own: one user's logs (the
+// default user's unless told otherwise). Nothing else is used by the benchmarks; every other request
+// does nothing.
 
 #include "DatabaseCatalogue.h"
 #include "PageHost.h"
 
 #include <QDialog>
 
-class DefaultUserHost : public PageHost {
+#include <array>
+
+class BenchPageHost : public PageHost {
 public:
+    void setUser(const QString& user) { m_names = DatabaseCatalogue::userDatabaseNames(user); }
+
     QString GetUserName() const override { return QStringLiteral("Default"); }
     QString upperBodyADatabaseName() const override { return name(UserDatabase::UpperA); }
     QString upperBodyBDatabaseName() const override { return name(UserDatabase::UpperB); }
@@ -31,6 +36,8 @@ public:
     int runDialog(QDialog&) override { return QDialog::Rejected; }
     QString editItemList(const QString&) override { return {}; }
 
-    // The default user's database of which.
-    static QString name(UserDatabase which) { return DatabaseCatalogue::userDatabaseName(which, QString()); }
+    QString name(UserDatabase which) const { return m_names[static_cast<size_t>(which)]; }
+
+private:
+    std::array<QString, kUserDatabaseCount> m_names = DatabaseCatalogue::userDatabaseNames(QString());
 };

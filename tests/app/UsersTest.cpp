@@ -1,0 +1,279 @@
+// Switch User, Manage Users and the editor's user mode on the whole program, driven through their
+// widgets; the user list and the databases are read back with plain SQL. Which names are refused and
+// which databases a row owns are the user list's (tests/store).
+
+#include "Clock.h"
+#include "FoodRecords.h"
+#include "NavigationBar.h"
+#include "RecordDatabase.h"
+#include "Settings.h"
+#include "ShellPageFactory.h"
+#include "ShellTestSupport.h"
+#include "SqlReader.h"
+#include "UserList.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+
+namespace {
+const QStringList kReloadAll = {"upper reload", "lower reload",    "aerobic reload", "food reload",
+                                "today reload", "calendar reload", "reports reload"};
+
+QListWidget* listOf(QWidget* dialog) {
+    return dialog->findChild<QListWidget*>(QStringLiteral("c1028"));
+}
+
+QStringList rowsOf(QWidget* dialog) {
+    QStringList texts;
+    for (int row = 0; row < listOf(dialog)->count(); ++row) {
+        texts << listOf(dialog)->item(row)->text();
+    }
+    return texts;
+}
+
+void click(QWidget* dialog, const char* name) {
+    dialog->findChild<QPushButton*>(QString::fromLatin1(name))->click();
+}
+
+void type(QWidget* dialog, const char* edit, const QString& text) {
+    auto* box = dialog->findChild<QLineEdit*>(QString::fromLatin1(edit));
+    box->clear();
+    QTest::keyClicks(box, text);
+}
+
+// Selects row (when not empty) and presses button: "c1" OK, "c1002" Add, "c1030" Delete.
+void press(QWidget* dialog, const char* button, const QString& row = {}) {
+    if (!row.isEmpty()) {
+        listOf(dialog)->setCurrentItem(listOf(dialog)->findItems(row, Qt::MatchExactly).value(0));
+    }
+    click(dialog, button);
+}
+
+// Answers the next confirmation with typed in its 'yes' box (unless null) and button; its text goes to asked.
+void answerConfirm(const char* button, QString* asked = nullptr, const QString& typed = {}) {
+    whenShown(QStringLiteral("ConfirmDialog"), [=](QWidget* dialog) {
+        if (asked != nullptr) {
+            *asked = dialog->findChild<QLabel*>(QStringLiteral("c1310"))->text();
+        }
+        if (!typed.isNull()) {
+            type(dialog, "c1312", typed);
+        }
+        click(dialog, button);
+    });
+}
+
+void chooseUser(const QString& text, QStringList* shown = nullptr) {
+    whenShown(QStringLiteral("SelectUserDialog"), [=](QWidget* dialog) {
+        if (shown != nullptr) {
+            *shown = rowsOf(dialog);
+        }
+        press(dialog, "c1", text);
+    });
+}
+} // namespace
+
+class UsersTest : public ShellTest {
+protected:
+    QString storedRows() const {
+        return SqlReader(m_device.paths().objectStore())
+            .value("SELECT group_concat(value, '|') FROM (SELECT p.value FROM props p JOIN records r ON "
+                   "p.record = r.oid JOIN databases d ON r.db = d.oid WHERE d.name = 'KovUserList' ORDER BY "
+                   "p.value)")
+            .toString();
+    }
+    int databaseCount(const QString& user) const {
+        return SqlReader(m_device.paths().objectStore())
+            .value("SELECT count(*) FROM databases WHERE name IN ('Kov2AUpperBody' || ?1, 'Kov2BUpperBody' || ?1, "
+                   "'Kov2ALowerBody' || ?1, 'Kov2BLowerBody' || ?1, 'Kov2Food' || ?1, 'Kov2Aerobic' || ?1)",
+                   {user})
+            .toInt();
+    }
+    void switchTo(const QString& user) {
+        chooseUser(user);
+        trigger(32863);
+    }
+    void manageUsers(std::function<void(QWidget*)> act) {
+        whenShown(QStringLiteral("ItemListDialog"), std::move(act));
+        trigger(32862);
+    }
+    QStringList reloads() const { return m_factory.log.filter(QStringLiteral(" reload")); }
+};
+
+TEST_F(UsersTest, SwitchUserMakesTheChosenUserCurrentReloadsEveryPageTwiceAndIsKeptOverARestart) {
+    ASSERT_EQ(UserList::add("ann"), UserList::AddResult::Added);
+    start();
+    auto* today = static_cast<RecordingPage*>(main().page(0));
+    ASSERT_TRUE(waitUntil([today] { return today->paints() > 0; }));
+    const int paints = today->paints();
+    QStringList shown;
+    QString title;
+    bool stayedOpen = false;
+    whenShown(QStringLiteral("SelectUserDialog"), [&](QWidget* dialog) {
+        shown = rowsOf(dialog);
+        title = screen().navigationBar().title();
+        press(dialog, "c1");
+        stayedOpen = dialog->isVisible();
+        press(dialog, "c1", "ann");
+    });
+    trigger(32863);
+    EXPECT_EQ(shown, QStringList({"<add new user>", "ann", "Default"}));
+    EXPECT_EQ(title, "Select a user");
+    EXPECT_TRUE(stayedOpen);
+    EXPECT_EQ(m_boxes.texts(), QStringList{"Please select a user"});
+    EXPECT_EQ(main().foodDatabaseName(), "Kov2Foodann");
+    EXPECT_EQ(stored(Settings::kLastUser), QVariant("ann"));
+    EXPECT_EQ(reloads(), kReloadAll + kReloadAll);
+    EXPECT_TRUE(waitUntil([today, paints] { return today->paints() > paints; }));
+
+    m_screen.reset();
+    start();
+    EXPECT_EQ(main().GetUserName(), "ann");
+    switchTo("Default");
+    EXPECT_EQ(main().currentUserName(), "");
+    EXPECT_EQ(stored(Settings::kLastUser), QVariant(QString()));
+    EXPECT_EQ(storedRows(), "<add new user>|Default|ann");
+}
+
+TEST_F(UsersTest, AddNewUserOpensTheEditorWhoseAddedUserBecomesCurrentOrElseTheDefaultUser) {
+    start();
+    main().SetCurrentUser("Bob");
+    QString offer;
+    for (const char* answer : {"c1", "c2"}) {
+        chooseUser("<add new user>");
+        whenShown(QStringLiteral("ItemListDialog"), [&](QWidget* editor) {
+            type(editor, "c1008", answer == QString("c1") ? "Zoe" : "Max");
+            press(editor, "c1002");
+            answerConfirm(answer, &offer);
+            press(editor, "c1");
+        });
+        trigger(32863);
+    }
+    EXPECT_EQ(offer, "Would you like to make Max the current user?  Click OK to make Max the current user, or Cancel "
+                     "to continue using Zoe");
+    EXPECT_EQ(main().GetUserName(), "Zoe");
+    // Nobody added: the Default user.
+    chooseUser("<add new user>");
+    whenShown(QStringLiteral("ItemListDialog"), [](QWidget* editor) { press(editor, "c1"); });
+    trigger(32863);
+    EXPECT_EQ(main().currentUserName(), "");
+    EXPECT_EQ(storedRows(), "<add new user>|Default|Max|Zoe");
+}
+
+TEST_F(UsersTest, ManageUsersRefusesBadNamesOffersTheTypedOneAndChangesNothingUnlessAUserIsHandedBack) {
+    start();
+    main().SetCurrentUser("Ann");
+    m_factory.log.clear();
+    QString offer;
+    manageUsers([&](QWidget* editor) {
+        type(editor, "c1008", "Ann/Bob");
+        press(editor, "c1002");
+        type(editor, "c1008", "Cy");
+        // The offer to add the name still typed, then the one to make it current, declined.
+        whenShown(QStringLiteral("ConfirmDialog"), [&](QWidget* confirm) {
+            click(confirm, "c1");
+            answerConfirm("c2", &offer);
+        });
+        press(editor, "c1");
+    });
+    EXPECT_EQ(m_boxes.texts(),
+              QStringList{"A user's name cannot contain any of \\ / : * ? \" < > | or control characters."});
+    EXPECT_EQ(offer, "Would you like to make Cy the current user?  Click OK to make Cy the current user, or Cancel to "
+                     "continue using Ann");
+    EXPECT_EQ(storedRows(), "<add new user>|Cy|Default");
+    EXPECT_EQ(main().GetUserName(), "Ann");
+    EXPECT_EQ(reloads(), kReloadAll);
+
+    m_factory.log.clear();
+    manageUsers([](QWidget* editor) { press(editor, "c1"); });
+    EXPECT_TRUE(reloads().isEmpty());
+}
+
+TEST_F(UsersTest, DeletingAUserNeedsYesTypedAndOk) {
+    for (const QString& name : DatabaseCatalogue::userDatabaseNames("Ann")) {
+        ASSERT_TRUE(DatabaseCatalogue::ensureDatedLog(name));
+    }
+    ASSERT_EQ(UserList::add("Ann"), UserList::AddResult::Added);
+    start();
+    QString asked;
+    QStringList shown;
+    manageUsers([&](QWidget* editor) {
+        answerConfirm("c1", &asked, "Yes");
+        press(editor, "c1030", "Ann");
+        answerConfirm("c2", nullptr, "yes");
+        press(editor, "c1030", "Ann");
+        answerConfirm("c1", nullptr, "yes");
+        press(editor, "c1030", "Ann");
+        shown = rowsOf(editor);
+        press(editor, "c1");
+    });
+    EXPECT_EQ(asked, "This will delete the user and their Kovalin data.  To proceed, type 'yes' in the box and click "
+                     "OK.");
+    EXPECT_EQ(m_boxes.texts(), QStringList({"Operation Cancelled", "Operation Cancelled"}));
+    EXPECT_EQ(shown, QStringList({"<add new user>", "Default"}));
+    EXPECT_EQ(databaseCount("Ann"), 0);
+    EXPECT_EQ(storedRows(), "<add new user>|Default");
+}
+
+TEST_F(UsersTest, DeletingTheCurrentUserAsksForAnotherAndARowAlreadyGoneIsReported) {
+    ASSERT_EQ(UserList::add("Ann"), UserList::AddResult::Added);
+    ASSERT_EQ(UserList::add("Bob"), UserList::AddResult::Added);
+    start();
+    main().SetCurrentUser("Ann");
+    m_factory.log.clear();
+    manageUsers([&](QWidget* editor) {
+        ASSERT_EQ(UserList::remove("Bob"), UserList::DeleteResult::Deleted);
+        answerConfirm("c1", nullptr, "yes");
+        press(editor, "c1030", "Bob");
+        answerConfirm("c1", nullptr, "yes");
+        chooseUser("Default");
+        press(editor, "c1030", "Ann");
+    });
+    EXPECT_EQ(m_boxes.texts(), QStringList({"Error deleting entry",
+                                            "The current user data has been deleted.  Please select another user."}));
+    EXPECT_EQ(main().currentUserName(), "");
+    // Chosen in the select-user dialog, then made current again as the editor's answer.
+    EXPECT_EQ(reloads(), kReloadAll + kReloadAll);
+
+    // "<add new user>" instead keeps the editor open; a user added there but declined as current
+    // leaves the Default user current, never the deleted one.
+    ASSERT_EQ(UserList::add("Cy"), UserList::AddResult::Added);
+    main().SetCurrentUser("Cy");
+    bool editorOpen = false;
+    manageUsers([&](QWidget* editor) {
+        answerConfirm("c1", nullptr, "yes");
+        chooseUser("<add new user>");
+        press(editor, "c1030", "Cy");
+        editorOpen = editor->isVisible();
+        type(editor, "c1008", "Dee");
+        press(editor, "c1002");
+        answerConfirm("c2");
+        press(editor, "c1");
+    });
+    EXPECT_TRUE(editorOpen);
+    EXPECT_EQ(main().currentUserName(), "");
+}
+
+TEST_F(UsersTest, ThePagesShowTheDayOfTheUserSwitchedToEvenWithoutDatabases) {
+    Clock::setFixed(QDateTime(QDate(2024, 3, 14), QTime(9, 41)));
+    FoodDayValues ann;
+    ann.weight = 131;
+    const FoodRecords annFood("Kov2FoodAnn");
+    ASSERT_TRUE(annFood.EnsureDatabase() && annFood.CreateDay(QDate(2024, 3, 14)) != 0);
+    ASSERT_TRUE(annFood.SaveDay(QDate(2024, 3, 14), ann));
+    ASSERT_EQ(UserList::add("Ann"), UserList::AddResult::Added);
+    ASSERT_EQ(UserList::add("Bob"), UserList::AddResult::Added);
+    ShellPageFactory pages;
+    start(false, &pages);
+    auto* weight = main().page(4)->findChild<QLineEdit*>("c1353");
+    ASSERT_NE(weight, nullptr);
+    EXPECT_NE(weight->text(), "131");
+    switchTo("Ann");
+    EXPECT_EQ(weight->text(), "131");
+    switchTo("Bob");
+    EXPECT_EQ(m_boxes.texts(), QStringList());
+    EXPECT_TRUE(RecordDatabase::Exists("Kov2FoodBob"));
+    Clock::setFixed(std::nullopt);
+}
