@@ -41,7 +41,12 @@ public:
     static QString fileName(UserDatabase which);
 
 private:
+    // Writes the database's file: every record after the reference-day marker, in date order.
     bool exportLog(UserDatabase which, ExportProgress& progress);
+    DWORD recordCount(UserDatabase which) const;
+    QString databaseName(UserDatabase which) const;
+    // The file as its messages name it.
+    QString shownPath(UserDatabase which) const;
 
     ExportSource m_databases;
     QString m_folder;
