@@ -1,0 +1,256 @@
+#include "CsvExport.h"
+#include "StoredDays.h"
+#include "TestDevice.h"
+#include "VolumeFiles.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace {
+constexpr int kI2 = 2, kUI2 = 18, kR8 = 5, kText = 31, kFileTime = 64;
+const QDate kReferenceDay(1968, 11, 29);
+
+// Writes logs straight into the object store's tables, as anyone with the sqlite3 shell could.
+class SqlLogs {
+public:
+    explicit SqlLogs(QString store) : m_store(std::move(store)) {}
+
+    // A log holding the reference-day marker (unless told otherwise) and a record keyed on each of days.
+    void createLog(const QString& name, const QList<QDate>& days = {}, bool marker = true) {
+        run("INSERT INTO databases (oid, name, type, sort_propid) SELECT " + kNextOid + ", '" + name +
+            "', 12345, 4194368");
+        for (const QDate& day : (marker ? QList<QDate>{kReferenceDay} : QList<QDate>{}) + days) {
+            addRecord(name, day);
+        }
+    }
+    // A record of the log keyed on day, holding the properties given as number, type, value, ...
+    void addRecord(const QString& log, const QDate& day, const QVariantList& props = {}) {
+        const QString key = QString::number(StoredDays::keyOf(day));
+        QString sql = "INSERT INTO records SELECT " + kNextOid + ", oid, " + key + " FROM databases WHERE name = '" +
+                      log + "'; INSERT INTO props VALUES (last_insert_rowid(), 4194368, " + key + ")";
+        for (qsizetype i = 0; i < props.size(); i += 3) {
+            const int type = props[i + 1].toInt();
+            const QString value = type == kText ? "'" + props[i + 2].toString() + "'"
+                                  : type == kR8 ? QString::number(props[i + 2].toDouble(), 'f', 6)
+                                                : props[i + 2].toString();
+            sql +=
+                QString(", (last_insert_rowid(), %1, %2)").arg(StoredDays::propId(props[i].toInt(), type)).arg(value);
+        }
+        run(sql);
+    }
+
+private:
+    void run(const QString& sql) { VolumeFiles::runSql(m_store, sql.toUtf8().constData()); }
+    inline static const QString kNextOid =
+        "1 + max((SELECT ifnull(max(oid), 0) FROM databases), (SELECT ifnull(max(oid), 0) FROM records))";
+    QString m_store;
+};
+
+// What the export tells its caller, one entry per call.
+class RecordedProgress : public ExportProgress {
+public:
+    bool answer = true;
+    QStringList events;
+    QString question;
+
+    bool confirm(const QString& text) override {
+        question = text;
+        events << "confirm";
+        return answer;
+    }
+    void status(const QString& text) override { events << "status:" + text; }
+    void progressRange(int maximum) override { events << "range:" + QString::number(maximum); }
+    void progressPosition(int position) override { events << "position:" + QString::number(position); }
+    void message(const QString& text, MessageKind) override { events << "message:" + text; }
+};
+
+// One line as the file holds it: count quoted cells, empty but for the runs of cells given from their
+// first index on, separated by commas and ended by a carriage return.
+QByteArray line(int count, const std::vector<std::pair<int, QList<QByteArray>>>& runs) {
+    QList<QByteArray> cells(count);
+    for (const auto& [first, run] : runs) {
+        std::copy(run.begin(), run.end(), cells.begin() + first);
+    }
+    return '"' + cells.join("\",\"") + "\"\r";
+}
+
+class CsvExportTest : public ::testing::Test {
+protected:
+    QString path(const char* name) const { return m_device.paths().myDocuments() + '/' + name; }
+    QByteArray file(const char* name) const {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("missing");
+    }
+    // The cells of the file's header line (no cell of a header holds a comma), and the lines after it.
+    QList<QByteArray> header(const char* name) const {
+        return file(name).left(file(name).indexOf("\"\r")).mid(1).replace("\",\"", "|").split('|');
+    }
+    QByteArray records(const char* name) const { return file(name).mid(file(name).indexOf('\r') + 1); }
+
+    TestDevice m_device;
+    SqlLogs m_sql{m_device.paths().objectStore()};
+    CsvExport m_export{DatabaseCatalogue::userDatabaseNames("Ann"), m_device.paths().myDocuments()};
+    RecordedProgress m_progress;
+};
+} // namespace
+
+TEST_F(CsvExportTest, BodyHalfWritesEachRecordAfterTheMarkerInDateOrderUnderThe185CellHeader) {
+    // Set 7 of slot 1 lacks its intensity; group 3 (406) lies beyond the three exported slots.
+    m_sql.createLog("Kov2AUpperBodyAnn", {});
+    m_sql.addRecord(
+        "Kov2AUpperBodyAnn", QDate(2003, 12, 1),
+        {102, kI2,   7,       103, kI2,   5,    104, kI2,   45,    105, kUI2,  1,   1132, kText, "Hard, \"heavy\" day",
+         106, kText, "Bench", 107, kText, "10", 108, kR8,   135.5, 109, kText, "2", 110,  kI2,   7,
+         236, kText, "Press", 238, kR8,   60.0, 241, kText, "Dips"});
+    m_sql.addRecord("Kov2AUpperBodyAnn", QDate(2003, 3, 7), {102, kI2, 18, 103, kI2, 30, 1120, kI2, 40, 105, kUI2, 0});
+    m_sql.createLog("Kov2BUpperBodyAnn", {QDate(2003, 3, 7)});
+    m_sql.addRecord("Kov2BUpperBodyAnn", QDate(2003, 12, 1),
+                    {306, kText, "Rows", 308, kR8, 100.25, 406, kText, "Curl"});
+
+    EXPECT_TRUE(m_export.ExportStrength(BodyRegion::Upper, m_progress));
+    const QList<QByteArray> head = header("kovupper.csv");
+    ASSERT_EQ(head.size(), 185);
+    EXPECT_EQ(head.mid(0, 6), QList<QByteArray>({"Date", "Start Time", "Elapsed Time", "Completed", "Notes", "Ex 1"}));
+    EXPECT_EQ(head.mid(98, 3), QList<QByteArray>({"Rest 19", "Intensity 19", "Ex 20"}));
+    EXPECT_EQ(head[184], "Intensity 36");
+    EXPECT_EQ(header("kovupper2.csv"), head);
+    EXPECT_EQ(
+        records("kovupper.csv"),
+        line(185, {{0, {"3/7/2003", "18:30:40", "", "False"}}}) +
+            line(185,
+                 {{0, {"12/1/2003", "7:5:0", "45", "True", "Hard, \"heavy\" day", "Bench", "10", "135.50", "2", "7"}},
+                  {95, {"Press", "", "60.00", "", "", "Dips"}}}));
+    EXPECT_EQ(records("kovupper2.csv"),
+              line(185, {{0, {"3/7/2003"}}}) + line(185, {{0, {"12/1/2003"}}, {125, {"Rows", "", "100.25"}}}));
+}
+
+TEST_F(CsvExportTest, AerobicLineHoldsThreeBlocksInTheCodePageWithoutAMarkerToSkip) {
+    // Exercise 2 on its own numbers, exercise 3 only named.
+    m_sql.createLog("Kov2AerobicAnn", {}, false);
+    m_sql.addRecord("Kov2AerobicAnn", QDate(2004, 2, 29), {102,  kI2,   6,
+                                                           103,  kI2,   45,
+                                                           104,  kI2,   30,
+                                                           105,  kUI2,  1,
+                                                           1132, kText, "Easy \u2192 hard",
+                                                           701,  kText, "Caf\u00e9 run",
+                                                           702,  kI2,   3,
+                                                           721,  kI2,   10,
+                                                           722,  kR8,   5.25,
+                                                           723,  kI2,   150,
+                                                           724,  kText, "Park \U0001F332",
+                                                           1136, kI2,   17,
+                                                           1140, kI2,   20,
+                                                           1144, kUI2,  0,
+                                                           1142, kText, "Cool down, cafe\u0301",
+                                                           801,  kText, "Bike",
+                                                           822,  kR8,   3.0,
+                                                           901,  kText, "Swim"});
+
+    EXPECT_TRUE(m_export.ExportAerobic(m_progress));
+    const QList<QByteArray> head = header("kovaerobic.csv");
+    ASSERT_EQ(head.size(), 85);
+    EXPECT_EQ(head.mid(0, 10), QList<QByteArray>({"Date", "Start Time", "Elapsed Time", "Completed", "Exercise",
+                                                  "Course", "Distance", "Heart Rate", "Notes", "Min 1"}));
+    EXPECT_EQ(head.mid(28, 3), QList<QByteArray>({"Min 20", "Exercise 2 - Start Time", "Elapsed Time"}));
+    EXPECT_EQ(head.mid(56, 2), QList<QByteArray>({"Min 20", "Exercise 3 - Start Time"}));
+    EXPECT_EQ(
+        records("kovaerobic.csv"),
+        line(85,
+             {{0, {"2/29/2004", "6:45:0", "30", "True", "Caf\xE9 run", "Park ??", "5.25", "150", "Easy ? hard", "3"}},
+              {28, {"10", "17:0:0", "20", "False", "Bike", "", "3.00", "", "Cool down, caf\xE9"}},
+              {60, {"Swim"}}}));
+}
+
+TEST_F(CsvExportTest, FoodLineHoldsTheDayValuesByTypeAndTheFifteenMealSlots) {
+    m_sql.createLog("Kov2FoodAnn", {});
+    m_sql.addRecord("Kov2FoodAnn", QDate(2010, 10, 10),
+                    {1001, kI2,       8,
+                     1002, kI2,       181,
+                     1003, kR8,       21.5,
+                     1132, kText,     "Tired",
+                     1151, kR8,       40.0,
+                     1150, kR8,       15.75,
+                     1146, kR8,       32.5,
+                     1148, kR8,       22.0,
+                     1149, kR8,       15.0,
+                     1147, kR8,       7.5,
+                     1154, kI2,       120,
+                     1155, kI2,       80,
+                     1156, kI2,       52,
+                     1152, kI2,       -1,
+                     1010, kFileTime, StoredDays::fileTimeOf(kReferenceDay, QTime(7, 5, 12, 12)),
+                     1012, kText,     "Eggs",
+                     1014, kText,     "",
+                     1015, kText,     "Coffee",
+                     1094, kFileTime, StoredDays::fileTimeOf(kReferenceDay, QTime(23, 59, 12, 12)),
+                     1096, kText,     "Fish"});
+
+    EXPECT_TRUE(m_export.ExportFood(m_progress));
+    const QList<QByteArray> head = header("kovfood.csv");
+    ASSERT_EQ(head.size(), 91);
+    EXPECT_EQ(head.mid(0, 21),
+              QList<QByteArray>({"Date",        "Water",      "Weight",      "Body Fat", "Notes",       "Chest",
+                                 "Biceps",      "Waist",      "Quads",       "Calves",   "Sleep",       "Sleep Quality",
+                                 "Systolid",    "Diastolic",  "Rest HR",     "Overall",  "Meal 1 Time", "Meal 1 Pro",
+                                 "Meal 1 Carb", "Meal 1 Veg", "Meal 1 Suppl"}));
+    EXPECT_EQ(head.mid(89), QList<QByteArray>({"Meal 15 Veg", "Meal 15 Suppl"}));
+    EXPECT_EQ(records("kovfood.csv"),
+              line(91, {{0, {"10/10/2010", "8",     "181",   "21.50", "Tired", "40.00", "15.75",
+                             "32.50",      "22.00", "15.00", "7.50",  "",      "120",   "80",
+                             "52",         "65535", "7:5",   "Eggs",  "",      "",      "Coffee"}},
+                        {86, {"23:59", "Fish"}}}));
+}
+
+TEST_F(CsvExportTest, ExportTellsEachStepSkipsWhatItCannotExportAndEndsSuccessful) {
+    // The lower half's A database holds 2 records; no aerobic database; a food database without records.
+    for (const char* log : {"Kov2AUpperBodyAnn", "Kov2BUpperBodyAnn", "Kov2BLowerBodyAnn"}) {
+        m_sql.createLog(log, {QDate(2005, 5, 5), QDate(2005, 5, 6)});
+    }
+    m_sql.createLog("Kov2ALowerBodyAnn", {QDate(2005, 5, 5)});
+    m_sql.createLog("Kov2FoodAnn", {}, false);
+    VolumeFiles::writeFile(path("kovlower2.csv"), "old");
+
+    EXPECT_FALSE(m_export.run(m_progress));
+    const QStringList upper = {
+        "status:Exporting Strength to csv...", "range:3", "position:0", "position:1", "position:2", "status:Done."};
+    EXPECT_EQ(m_progress.events,
+              QStringList({"status:Exporting...", "confirm", "status:Exporting Upper Body"}) + upper + upper +
+                  QStringList({"status:Exporting Lower Body", "status:Exporting Strength to csv...",
+                               "message:Not all databases were exported due to insufficient entries.",
+                               "status:Exporting Aerobic", "status:Exporting Aerobic to csv...",
+                               "status:Aerobic db not found.", "status:Exporting Food",
+                               "status:Exporting Food to csv...", "status:Food db not found.", "range:100",
+                               "position:100", "status:Export succcessful.", "message:Export successful!"}));
+    EXPECT_EQ(m_progress.question,
+              "Copies your Kovalin data to .csv format files, which can then be copied to your desktop computer and "
+              "imported into Excel or Access.  Six files will be created and placed in the My Documents folder on the "
+              "Pocket PC.  These are kovupper.csv, kovupper2.csv, kovlower.csv, kovlower2.csv, kovaerobic.csv, and "
+              "kovfood.csv.  Your Kovalin data will not be removed from the Pocket PC. It is recommended that you "
+              "choose Backup to backup your data prior to performing this operation. OK to proceed?");
+    EXPECT_EQ(QDir(m_device.paths().myDocuments()).entryList(QDir::Files),
+              QStringList({"kovlower2.csv", "kovupper.csv", "kovupper2.csv"}));
+    EXPECT_EQ(file("kovlower2.csv"), "old");
+
+    RecordedProgress refusing;
+    refusing.answer = false;
+    ASSERT_TRUE(QFile::remove(path("kovupper.csv")));
+    EXPECT_FALSE(m_export.run(refusing));
+    EXPECT_EQ(refusing.events, QStringList({"status:Exporting...", "confirm", "status:Cancelled."}));
+    EXPECT_EQ(file("kovupper.csv"), "missing");
+}
+
+TEST_F(CsvExportTest, ALogOfTheMarkerAloneGivesTheHeaderAndAFileThatCannotBeMadeIsReported) {
+    m_sql.createLog("Kov2AerobicAnn", {});
+    m_sql.createLog("Kov2FoodAnn", {});
+    ASSERT_TRUE(QDir(m_device.paths().myDocuments()).mkdir("kovfood.csv"));
+
+    EXPECT_TRUE(m_export.ExportAerobic(m_progress));
+    EXPECT_EQ(file("kovaerobic.csv").count('\r'), 1);
+
+    m_progress.events.clear();
+    EXPECT_FALSE(m_export.ExportFood(m_progress));
+    ASSERT_EQ(m_progress.events.size(), 4);
+    EXPECT_TRUE(m_progress.events[3].startsWith("message:\\My Documents\\kovfood.csv could not be created: "));
+}
