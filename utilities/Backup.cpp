@@ -42,8 +42,7 @@ bool Backup::run(const QString& user, UtilityReport& report) {
             stopped = true;
             break;
         }
-        DbHandle target(
-            CeOpenDatabaseEx(&volume, &copyOid, QString(), BackupFile::kCopySortProp, CEDB_AUTOINCREMENT));
+        DbHandle target(CeOpenDatabaseEx(&volume, &copyOid, QString(), BackupFile::kCopySortProp, CEDB_AUTOINCREMENT));
         if (!target.isOpen()) {
             report.status(QStringLiteral("Error opening backup volume"));
             stopped = true;

@@ -26,8 +26,7 @@ bool readPartner(RecordDatabase& partner, const DbProp& key, DbRecord& record) {
 // Walks first in date order and deletes each day whose record, and the same day's record in second
 // (when there is one), hold no entries. With firstOnly, a day of first is deleted only when second
 // has no record of that day (the walk over B after the walk over A: orphans only).
-Walk compactPairs(RecordDatabase& first, RecordDatabase& second, bool firstOnly, int* deleted,
-                  UtilityReport& report) {
+Walk compactPairs(RecordDatabase& first, RecordDatabase& second, bool firstOnly, int* deleted, UtilityReport& report) {
     DbRecord record;
     DbRecord partnerRecord;
     for (CEOID oid = first.SeekFirst(); oid != 0; oid = first.SeekNext()) {
