@@ -13,6 +13,7 @@
 #include "RegistryHelper.h"
 #include "Settings.h"
 #include "StartupDialog.h"
+#include "UtilitiesDialog.h"
 #include "resource.h"
 
 #include <QTabBar>
@@ -353,7 +354,7 @@ void MainDialog::onCommand(int command) {
         showOptions();
         break;
     case ID_MENU_UTILITIES:
-        showNotBuiltYet(QStringLiteral("The data utilities are"));
+        showUtilities();
         break;
     case ID_MENU_SWITCHUSER:
         showNotBuiltYet(QStringLiteral("Switching users is"));
@@ -415,6 +416,10 @@ void MainDialog::onCommand(int command) {
 
 void MainDialog::exitProgram() {
     saveAerobicIfVisible();
+    endDialog();
+}
+
+void MainDialog::endDialog() {
     if (!m_ended) {
         m_ended = true;
         emit ended();
@@ -440,6 +445,15 @@ void MainDialog::showPhoto() {
 void MainDialog::showOptions() {
     OptionsDialog dialog(this);
     dialog.run();
+}
+
+void MainDialog::showUtilities() {
+    UtilitiesDialog dialog(*this);
+    dialog.run();
+    // After Delete the logs are gone: the program ends without saving a page into them.
+    if (dialog.endsProgram()) {
+        endDialog();
+    }
 }
 
 void MainDialog::showHelp() {

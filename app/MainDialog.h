@@ -82,6 +82,8 @@ public:
     // Exit: saves the aerobic page when it is shown, then ends the dialog.
     void exitProgram();
     bool hasEnded() const { return m_ended; }
+    // Ends the dialog as it stands, saving nothing: the program stops.
+    void endDialog();
 
 signals:
     // The progress box has finished: the Today page is shown.
@@ -105,6 +107,7 @@ private:
     void showAbout();
     void showPhoto();
     void showOptions();
+    void showUtilities();
     void showHelp();
     void showNotBuiltYet(const QString& function);
 
