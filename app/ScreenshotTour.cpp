@@ -19,6 +19,7 @@
 #include "StartupDialog.h"
 #include "StrengthRecords.h"
 #include "TimeControl.h"
+#include "UtilitiesDialog.h"
 #include "resource.h"
 
 #include <QAction>
@@ -233,6 +234,7 @@ void ScreenshotTour::tourPages() {
     screen.findChild<QAction*>(QStringLiteral("cmd%1").arg(ID_MENU_OPTIONS))->trigger();
     tourStrength();
     tourAerobic();
+    tourUtilities();
     QApplication::quit();
 }
 
@@ -378,6 +380,62 @@ void ScreenshotTour::tourAerobic() {
     QApplication::processEvents();
     save(grabScreen(), QStringLiteral("aerobic-boxes-hidden.png"));
     main.SelectPage(0);
+}
+
+void ScreenshotTour::tourUtilities() {
+    QTimer::singleShot(0, this, [this] {
+        auto* dialog = m_app->screen().findChild<UtilitiesDialog*>(QStringLiteral("UtilitiesDialog"));
+        if (dialog == nullptr) {
+            m_failed.append(QStringLiteral("no Utilities dialog"));
+            return;
+        }
+        auto button = [dialog](int id) { return dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(id)); };
+        save(grabScreen(), QStringLiteral("utilities.png"));
+        // A backup under way, as its status line and bar stand after three of the six copies.
+        dialog->status(QStringLiteral("Backing up..."));
+        dialog->progressRange(0, 100);
+        dialog->progressPosition(60);
+        QApplication::processEvents();
+        save(grabScreen(), QStringLiteral("utilities-backup-running.png"));
+        dialog->progressPosition(0);
+        // The backup itself handles events while it runs: its message box is waited for.
+        whenVisible(QStringLiteral("DeviceMessageBox"), [this](QDialog* box) {
+            save(grabScreen(), QStringLiteral("utilities-backup-complete.png"));
+            box->accept();
+        });
+        button(IDC_UTIL_BACKUP)->click();
+        QApplication::processEvents();
+        save(grabScreen(), QStringLiteral("utilities-after-backup.png"));
+        // The restore question, answered No.
+        whenVisible(QStringLiteral("DeviceMessageBox"), [this](QDialog* box) {
+            save(grabScreen(), QStringLiteral("utilities-restore-question.png"));
+            box->reject();
+        });
+        button(IDC_UTIL_RESTORE)->click();
+        // The delete confirmation with "yes" typed, then cancelled; "Operation cancelled" is closed unseen.
+        whenVisible(QStringLiteral("ConfirmDialog"), [this](QDialog* confirm) {
+            confirm->findChild<QLineEdit*>()->setText(QStringLiteral("yes"));
+            save(grabScreen(), QStringLiteral("utilities-delete-confirm.png"));
+            whenVisible(QStringLiteral("DeviceMessageBox"), [](QDialog* box) { box->reject(); });
+            confirm->reject();
+        });
+        button(IDC_UTIL_DELETE)->click();
+        dialog->accept();
+    });
+    command(ID_MENU_UTILITIES);
+}
+
+void ScreenshotTour::whenVisible(const QString& dialogName, const std::function<void(QDialog*)>& act) {
+    auto* poll = new QTimer(this);
+    connect(poll, &QTimer::timeout, this, [this, poll, dialogName, act] {
+        auto* dialog = m_app->screen().findChild<QDialog*>(dialogName);
+        if (dialog != nullptr && dialog->isVisible()) {
+            poll->stop();
+            poll->deleteLater();
+            act(dialog);
+        }
+    });
+    poll->start(0);
 }
 
 void ScreenshotTour::tapStart(QWidget* target) {

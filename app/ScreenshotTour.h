@@ -10,7 +10,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 class KovalinApp;
+class QDialog;
 class QWidget;
 
 class ScreenshotTour : public QObject {
@@ -37,6 +40,11 @@ private:
     // The aerobic page: a day of three exercises, each shown, the intensity boxes shown and hidden,
     // and the delete question.
     void tourAerobic();
+    // The Utilities dialog: idle, a backup under way, its closing message and the dialog after it, the
+    // restore question and the delete confirmation.
+    void tourUtilities();
+    // Acts on the dialog of that name once it is up, however long that takes.
+    void whenVisible(const QString& dialogName, const std::function<void(QDialog*)>& act);
     // A tap on the first field of target, and keys typed into it as a person types them.
     static void tapStart(QWidget* target);
     static void type(QWidget* target, const QString& text, int key = 0);
