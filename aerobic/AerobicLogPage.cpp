@@ -217,15 +217,14 @@ void AerobicLogPage::saveCurrent() {
 // --- Loading and saving ---------------------------------------------------------------------------
 
 void AerobicLogPage::Load() {
-    const AerobicRecords store = records();
-    if (store.EnsureDatabase() && store.FindDay(m_date) == 0) {
-        store.CreateDay(m_date);
-    }
-    showExercise(1);
+    showExercise(1, records().ShowDay(m_date));
 }
 
 void AerobicLogPage::showExercise(int number) {
-    std::optional<AerobicDay> day = records().ReadDay(m_date);
+    showExercise(number, records().ReadDay(m_date));
+}
+
+void AerobicLogPage::showExercise(int number, const std::optional<AerobicDay>& day) {
     const AerobicDay shownDay = day ? *day : AerobicDay();
     m_count = std::max(shownDay.exerciseCount(), number);
     m_shown = number;

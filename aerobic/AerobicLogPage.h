@@ -66,6 +66,8 @@ private:
     AerobicExercise newExercise() const;
     // Reads the day again and shows exercise number (its stored values, or a new one's).
     void showExercise(int number);
+    // Shows exercise number of day (a new exercise when day lacks it, or when day could not be read).
+    void showExercise(int number, const std::optional<AerobicDay>& day);
     void showValues(const AerobicExercise& exercise);
     void showCaptions();
     void showIntensityBoxes();

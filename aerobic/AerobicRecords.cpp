@@ -52,6 +52,28 @@ std::optional<AerobicDay> AerobicRecords::ReadDay(const QDate& day) const {
     return AerobicDay(day, record);
 }
 
+std::optional<AerobicDay> AerobicRecords::ShowDay(const QDate& day) const {
+    RecordDatabase db;
+    // The database is missing only on a user's first visit: it is made then, and opened again.
+    if (!db.Open(m_name, DayKey::kPropId) && !(EnsureDatabase() && db.Open(m_name, DayKey::kPropId))) {
+        fail(kErrorAccessingAerobic);
+        return std::nullopt;
+    }
+    DbRecord record;
+    bool ready = false;
+    if (db.SeekFirstEqual(DayKey::prop(day)) != 0) {
+        ready = db.ReadCurrent(record);
+    } else {
+        record.append(DayKey::prop(day));
+        ready = db.Write(record, 0) != 0;
+    }
+    if (!ready) {
+        fail(kErrorAccessingAerobic);
+        return std::nullopt;
+    }
+    return AerobicDay(day, record);
+}
+
 bool AerobicRecords::SaveExercise(const QDate& day, int slot, const AerobicExercise& exercise) const {
     const std::optional<AerobicSlot> ids = AerobicSlot::of(slot);
     if (!ids) {

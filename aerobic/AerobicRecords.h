@@ -39,6 +39,10 @@ public:
     // The day's exercises. Without a record (or when it cannot be read): "Error accessing Aerobic"
     // and std::nullopt.
     std::optional<AerobicDay> ReadDay(const QDate& day) const;
+    // Showing a day in one opening of the database: creates the database when missing (as
+    // EnsureDatabase), adds the day's record when the day has none (as CreateDay) and reads it (as
+    // ReadDay). On a failure "Error accessing Aerobic" and std::nullopt.
+    std::optional<AerobicDay> ShowDay(const QDate& day) const;
     // Writes the thirty properties of slot (1-3) into the day's record, leaving every other property
     // as it is. A slot outside 1-3: "Error finding number of exercises"; without a record: "Record not
     // found error"; nothing is written then.

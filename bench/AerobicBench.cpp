@@ -1,6 +1,6 @@
 // The aerobic records against hand-written SQLite on the ten-year device (default user), on days
 // that hold the generated two exercises:
-//   show_day       what the aerobic page does to show an existing day: FindDay, then ReadDay (the
+//   show_day       what the aerobic page does to show an existing day: ShowDay (found, the
 //                  whole record read, the three slots' exercises and the day's count)
 //   save_exercise  one change on the page: one slot's thirty properties into the day's record
 // Each through the aerobic records (…_store) and through DirectStore (…_sqlite), the same sequence
@@ -105,7 +105,7 @@ void showDayStore(benchmark::State& state, const Workload& workload) {
     const AerobicRecords records(workload.aerobic);
     for (auto _ : state) {
         const DayJob& job = workload.shows[i++ % workload.shows.size()];
-        const std::optional<AerobicDay> day = records.FindDay(job.day) != 0 ? records.ReadDay(job.day) : std::nullopt;
+        const std::optional<AerobicDay> day = records.ShowDay(job.day);
         if (!day || day->exerciseCount() != kGeneratedExercises) {
             state.SkipWithError("store show failed");
             break;

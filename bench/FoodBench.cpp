@@ -1,6 +1,6 @@
 // The food records against hand-written SQLite on the ten-year device (default user), on days
 // that hold fifteen meals (the set-up fills slots 6 to 14 of 256 random days):
-//   show_day   what the food page does to show an existing day: FindDay, then LoadDay (the whole
+//   show_day   what the food page does to show an existing day: ShowDay (found, the whole
 //              record read, the fifteen meals listed)
 //   save_day   saving the day values: the fifteen properties into the day's record
 //   put_meal   the meal dialog's OK: one slot's five properties into the day's record
@@ -135,8 +135,9 @@ void showDayStore(benchmark::State& state, const Workload& workload) {
     const FoodRecords records(workload.food);
     for (auto _ : state) {
         const DayJob& job = workload.shows[i++ % workload.shows.size()];
-        const std::optional<FoodDay> day = records.FindDay(job.day) != 0 ? records.LoadDay(job.day) : std::nullopt;
-        if (!day || day->meals().size() != Meal::kSlots) {
+        bool created = false;
+        const std::optional<FoodDay> day = records.ShowDay(job.day, &created);
+        if (!day || created || day->meals().size() != Meal::kSlots) {
             state.SkipWithError("store show failed");
             break;
         }

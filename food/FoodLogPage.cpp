@@ -3,6 +3,7 @@
 #include "Clock.h"
 #include "DateControl.h"
 #include "DeviceFonts.h"
+#include "ListCellDelegate.h"
 #include "MealDialog.h"
 #include "NotesEdit.h"
 #include "NotesPlaceholder.h"
@@ -168,10 +169,7 @@ QWidget* FoodLogPage::createForm() {
 
     m_list = named(new QTreeWidget(form), IDC_FOOD_MEALS);
     m_list->setFont(numbers);
-    // Cells without the style's inner margins and texts cut at the column's edge rather than shortened
-    // with "...": "12:30P" fits the time column's 36 pixels.
-    m_list->setStyleSheet(QStringLiteral("QTreeView::item { padding: 0px; }"));
-    m_list->setTextElideMode(Qt::ElideNone);
+    m_list->setItemDelegate(new ListCellDelegate(m_list));
     m_list->setFixedHeight(112);
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
@@ -254,19 +252,22 @@ bool FoodLogPage::handleCommand(int command) {
 // --- The day --------------------------------------------------------------------------------------
 
 void FoodLogPage::ShowDate() {
-    const FoodRecords food = records();
-    food.EnsureDatabase();
-    if (food.FindDay(m_date) != 0) {
-        LoadDay();
+    bool created = false;
+    const std::optional<FoodDay> day = records().ShowDay(m_date, &created);
+    if (created) {
+        // A new day keeps the values shown apart from the notes; they reach its record with the next
+        // change. It has no meals yet.
+        FoodDayValues values = controlValues();
+        values.notes = kNotesPlaceholder;
+        showValues(values);
+        showMeals(FoodDay());
         return;
     }
-    // A new day keeps the values shown apart from the notes; they reach its record with the next
-    // change. It has no meals yet.
-    FoodDayValues values = controlValues();
-    values.notes = kNotesPlaceholder;
-    showValues(values);
-    showMeals(FoodDay());
-    food.CreateDay(m_date);
+    m_list->clear();
+    if (day) {
+        showValues(day->values());
+        showMeals(*day);
+    }
 }
 
 void FoodLogPage::LoadDay() {

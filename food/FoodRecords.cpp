@@ -37,14 +37,43 @@ CEOID FoodRecords::CreateDay(const QDate& day) const {
     if (const CEOID existing = db.SeekFirstEqual(DayKey::prop(day))) {
         return existing;
     }
-    DbRecord record;
-    record.append(DayKey::prop(day));
-    record.append(DbProp::text(FoodDayValues::kNotes, kNotesPlaceholder));
-    const CEOID oid = db.Write(record, 0);
+    const CEOID oid = db.Write(newDay(day), 0);
     if (oid == 0) {
         fail(kErrorOnAddItems);
     }
     return oid;
+}
+
+DbRecord FoodRecords::newDay(const QDate& day) {
+    DbRecord record;
+    record.append(DayKey::prop(day));
+    record.append(DbProp::text(FoodDayValues::kNotes, kNotesPlaceholder));
+    return record;
+}
+
+std::optional<FoodDay> FoodRecords::ShowDay(const QDate& day, bool* created) const {
+    *created = false;
+    RecordDatabase db;
+    // The database is missing only on a user's first visit: it is made then, and opened again.
+    if (!db.Open(m_name, DayKey::kPropId) && !(EnsureDatabase() && db.Open(m_name, DayKey::kPropId))) {
+        fail(kErrorOnAddItems);
+        return std::nullopt;
+    }
+    DbRecord record;
+    if (db.SeekFirstEqual(DayKey::prop(day)) != 0) {
+        if (!db.ReadCurrent(record)) {
+            fail(kErrorOnAddItems);
+            return std::nullopt;
+        }
+        return FoodDay(record);
+    }
+    record = newDay(day);
+    if (db.Write(record, 0) == 0) {
+        fail(kErrorOnAddItems);
+        return std::nullopt;
+    }
+    *created = true;
+    return FoodDay(record);
 }
 
 std::optional<FoodDay> FoodRecords::LoadDay(const QDate& day) const {

@@ -44,6 +44,11 @@ public:
     // The day values and the listed meals of the day. Without a record (or when it cannot be read):
     // "Error accessing food database on Add Items" and std::nullopt.
     std::optional<FoodDay> LoadDay(const QDate& day) const;
+    // Showing a day in one opening of the database: creates the database when missing (as
+    // EnsureDatabase), finds the day's record, adds it when the day has none (as CreateDay, and
+    // created is set) and reads it (as LoadDay). On a failure "Error accessing food database on Add
+    // Items" and std::nullopt.
+    std::optional<FoodDay> ShowDay(const QDate& day, bool* created) const;
     // Writes the fifteen day values into the day's record, leaving its key and meals as they are.
     // Without a database or a record nothing is written and nothing is said; false then.
     bool SaveDay(const QDate& day, const FoodDayValues& values) const;
@@ -64,6 +69,8 @@ private:
     // read.
     bool readDay(RecordDatabase& db, const QDate& day, DbRecord& record) const;
     bool fail(const QString& text) const;
+    // A new day's record: the key and the notes placeholder alone.
+    static DbRecord newDay(const QDate& day);
 
     QString m_name;
     QObject* m_owner = nullptr;

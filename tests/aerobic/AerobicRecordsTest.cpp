@@ -147,6 +147,21 @@ TEST_F(AerobicRecordsTest, ReadsTheDaysExercisesAndCountsUpToTheHighestStoredSlo
     EXPECT_EQ(m_records.ReadDay(kDay)->exerciseCount(), 3);
 }
 
+TEST_F(AerobicRecordsTest, ShowingADayMakesAMissingDatabaseAndDayOnceThenReadsTheStoredDay) {
+    const QString other = kAerobic + "Ann";
+    const AerobicRecords records(other);
+    ASSERT_TRUE(records.ShowDay(kDay));
+    EXPECT_EQ(m_stored.props(other, QDate(1968, 11, 29)), "64:64");
+    EXPECT_EQ(m_stored.props(other, kDay), "64:64");
+
+    ASSERT_TRUE(records.SaveExercise(kDay, 1, AerobicExercise()));
+    const std::optional<AerobicDay> day = records.ShowDay(kDay);
+    ASSERT_TRUE(day);
+    EXPECT_EQ(day->exerciseCount(), 1);
+    EXPECT_EQ(m_stored.recordCount(other), 2);
+    EXPECT_TRUE(m_boxes.texts().isEmpty());
+}
+
 TEST_F(AerobicRecordsTest, RefusesAnExerciseNumberOutsideOneToThreeAndAMissingDay) {
     EXPECT_FALSE(m_records.SaveExercise(kDay, 0, AerobicExercise()));
     EXPECT_FALSE(m_records.SaveExercise(kDay, 4, AerobicExercise()));

@@ -3,8 +3,9 @@
 #include "AerobicLogPage.h"
 #include "AerobicRecords.h"
 #include "Clock.h"
-#include "MessageBox.h"
 #include "DateControl.h"
+#include "ItemListDialog.h"
+#include "MessageBox.h"
 #include "RatingCombo.h"
 #include "RecordDatabase.h"
 #include "Settings.h"
@@ -16,6 +17,7 @@
 #include "resource.h"
 
 #include <QAbstractItemView>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -284,4 +286,23 @@ TEST_F(AerobicLogPageTest, ANewDayIsWrittenOnlyOnItsFirstChangeAndCkDateMovesEve
     EXPECT_EQ(control<DateControl>(IDC_STRENGTH_DATE, main().page(1))->date(), earlier.addDays(-1));
     EXPECT_EQ(page().shownDate(), earlier.addDays(-1));
     EXPECT_EQ(stored().props(kAerobic, earlier.addDays(-1)), "64:64");
+}
+
+TEST_F(AerobicLogPageTest, AListButtonEditsItsListAndANameAddedThereIsSavedAsTheExercisesCourse) {
+    writeExercises(kToday, 1);
+    showPage();
+    QString edited;
+    whenShown(QStringLiteral("ItemListDialog"), [&edited](QWidget* editor) {
+        edited = static_cast<ItemListDialog*>(editor)->databaseName();
+        QTest::keyClicks(editor->findChild<QLineEdit*>(QStringLiteral("c%1").arg(IDC_ITEM_EDIT)), "Lake Path");
+        editor->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDC_ITEM_ADD))->click();
+        editor->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDOK))->click();
+    });
+    button(IDC_AEROBIC_COURSELIST)->click();
+    EXPECT_EQ(edited, "KovCourseList");
+    auto* course = control<QComboBox>(IDC_AEROBIC_COURSE);
+    EXPECT_EQ(course->currentText(), "Lake Path");
+    EXPECT_NE(course->findText("Lake Path"), -1);
+    EXPECT_EQ(stored().value(kAerobic, kToday, 724, kText).toString(), "Lake Path");
+    EXPECT_EQ(stored().value(kAerobic, kToday, 701, kText).toString(), "Run 1");
 }

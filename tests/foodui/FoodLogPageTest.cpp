@@ -227,6 +227,37 @@ TEST_F(FoodLogPageTest, MealsAreAddedEditedAndDeletedThroughTheListMenusAndTheMe
     EXPECT_TRUE(m_boxes.texts().isEmpty());
 }
 
+TEST_F(FoodLogPageTest, TheNowButtonTakesTheClocksTimeAndAListButtonRefillsItsListAfterTheEditor) {
+    showPage();
+    QStringList carbs;
+    whenShown(QStringLiteral("MealDialog"), [&carbs](QWidget* dialog) {
+        auto* picker = dialog->findChild<TimeControl*>(QStringLiteral("c%1").arg(IDC_MEAL_TIME));
+        QTest::mouseClick(picker, Qt::LeftButton, {}, QPoint(4, picker->height() / 2));
+        QTest::keyClicks(picker, "6:15p");
+        QTest::keyClick(picker, Qt::Key_Return);
+        dialog->findChild<QToolButton*>(QStringLiteral("c%1").arg(IDC_MEAL_NOW))->click();
+
+        // The editor adds to the carbohydrate list; the drop-down shows the list as it now stands.
+        whenShown(QStringLiteral("ItemListDialog"), [](QWidget* editor) {
+            QTest::keyClicks(editor->findChild<QLineEdit*>(QStringLiteral("c%1").arg(IDC_ITEM_EDIT)), "quinoa");
+            editor->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDC_ITEM_ADD))->click();
+            editor->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDOK))->click();
+        });
+        dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDC_MEAL_CARBLIST))->click();
+        auto* carb = dialog->findChild<QComboBox*>(QStringLiteral("c%1").arg(IDC_MEAL_CARB));
+        for (int i = 0; i < carb->count(); ++i) {
+            carbs << carb->itemText(i);
+        }
+        carb->setCurrentIndex(carb->findText("quinoa"));
+        QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDOK)), Qt::LeftButton);
+    });
+    trigger(ID_FOOD_ADDMEAL);
+    EXPECT_EQ(carbs.size(), 14);
+    EXPECT_EQ(carbs.value(9), "quinoa");
+    EXPECT_EQ(rows(), QStringList{"9:41A||quinoa||"});
+    EXPECT_EQ(value(1010, kFileTime).toLongLong(), StoredDays::fileTimeOf(QDate(1968, 11, 29), QTime(9, 41, 12, 12)));
+}
+
 TEST_F(FoodLogPageTest, ASixteenthMealIsRefusedAndAMealThatCannotBeReadIsNotEdited) {
     const FoodRecords food(kFood);
     ASSERT_TRUE(food.EnsureDatabase());
