@@ -8,10 +8,10 @@
 #include "DevicePaths.h"
 #include "ErrorMessage.h"
 #include "ExportRunner.h"
-#include "NameList.h"
 #include "RegistryHelper.h"
 #include "Restore.h"
 #include "Settings.h"
+#include "UserList.h"
 
 #include <QFile>
 
@@ -55,14 +55,19 @@ int CliRun::runCommand(const QString& user) {
     ConsoleReport report;
     const QString& command = m_options.command;
     if (command == QStringLiteral("users")) {
-        // TO CONNECT: the user list as the select-user dialog fills it (class UserList, store/) is built
-        // beside this program; once it is in the tree this prints its names, one a line.
-        return fail(QStringLiteral("The user list is not part of this version of kovalin-cli yet."));
+        const std::optional<QStringList> names = UserList::names();
+        if (!names) {
+            return fail(QStringLiteral("The user list cannot be read."));
+        }
+        for (const QString& name : *names) {
+            std::printf("%s\n", qPrintable(name));
+        }
+        return 0;
     }
     // A user named on the command line must be one of the device's users, so that a mistyped name
     // never creates logs for nobody.
     if (m_options.userGiven && !user.isEmpty()) {
-        const std::optional<QStringList> users = NameList(QStringLiteral("KovUserList")).items();
+        const std::optional<QStringList> users = UserList::names();
         if (!users || !users->contains(user)) {
             return fail(QStringLiteral("There is no user named \"%1\" on this device.").arg(user));
         }

@@ -110,6 +110,14 @@ TEST_F(CliTest, RefusalsAndUsage) {
     EXPECT_EQ(run.out.split('\n').mid(0, 3), QStringList({"Compacting...", "Compacting Upper Body...", "Done."}));
     EXPECT_EQ(m_store.dump("Kov2Food"), "");
 
+    m_store.record("KovUserList", {{801, kText, "bob"}});
+    m_store.record("KovUserList", {{801, kText, "Carl"}});
+    run = cli({"users"});
+    EXPECT_EQ(run.code, 0);
+    EXPECT_EQ(run.out, "Ann\nbob\nCarl\n");
+    m_store.run("DELETE FROM records WHERE db = (SELECT oid FROM databases WHERE name = 'KovUserList')");
+    EXPECT_EQ(cli({"users"}).out, "<add new user>\nDefault\n");
+
     EXPECT_EQ(cli({"frob"}).code, 2);
     EXPECT_EQ(cli({}).code, 2);
     EXPECT_EQ(cli({"backup", "restore"}).code, 2);
