@@ -14,6 +14,7 @@
 #include "Settings.h"
 #include "StartupDialog.h"
 #include "UserManager.h"
+#include "UtilitiesDialog.h"
 #include "resource.h"
 
 #include <QTabBar>
@@ -369,7 +370,7 @@ void MainDialog::onCommand(int command) {
         showOptions();
         break;
     case ID_MENU_UTILITIES:
-        showNotBuiltYet(QStringLiteral("The data utilities are"));
+        showUtilities();
         break;
     case ID_MENU_SWITCHUSER:
         m_users->switchUser();
@@ -431,6 +432,10 @@ void MainDialog::onCommand(int command) {
 
 void MainDialog::exitProgram() {
     saveAerobicIfVisible();
+    endDialog();
+}
+
+void MainDialog::endDialog() {
     if (!m_ended) {
         m_ended = true;
         emit ended();
@@ -458,11 +463,15 @@ void MainDialog::showOptions() {
     dialog.run();
 }
 
-void MainDialog::showHelp() {
-    MessageBoxW(this, kHelpText, QStringLiteral("Help"), MB_OK | MB_ICONINFORMATION);
+void MainDialog::showUtilities() {
+    UtilitiesDialog dialog(*this);
+    dialog.run();
+    // After Delete the logs are gone: the program ends without saving a page into them.
+    if (dialog.endsProgram()) {
+        endDialog();
+    }
 }
 
-void MainDialog::showNotBuiltYet(const QString& function) {
-    MessageBoxW(this, function + QStringLiteral(" not part of this version of Kovalin yet."), QStringLiteral("Kovalin"),
-                MB_OK | MB_ICONINFORMATION);
+void MainDialog::showHelp() {
+    MessageBoxW(this, kHelpText, QStringLiteral("Help"), MB_OK | MB_ICONINFORMATION);
 }

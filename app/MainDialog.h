@@ -85,6 +85,8 @@ public:
     // Exit: saves the aerobic page when it is shown, then ends the dialog.
     void exitProgram();
     bool hasEnded() const { return m_ended; }
+    // Ends the dialog as it stands, saving nothing: the program stops.
+    void endDialog();
 
 signals:
     // The progress box has finished: the Today page is shown.
@@ -107,8 +109,8 @@ private:
     void showAbout();
     void showPhoto();
     void showOptions();
+    void showUtilities();
     void showHelp();
-    void showNotBuiltYet(const QString& function);
 
     // The members, in the order the program keeps them; the pages go in reverse order at exit.
     QString m_userName;

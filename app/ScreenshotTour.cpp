@@ -27,6 +27,7 @@
 #include "StrengthRecords.h"
 #include "TimeControl.h"
 #include "UserList.h"
+#include "UtilitiesDialog.h"
 #include "resource.h"
 
 #include <QAction>
@@ -337,6 +338,7 @@ void ScreenshotTour::tourPages() {
     tourAerobic();
     tourOverview();
     tourReports();
+    tourUtilities();
     tourUsers();
     QApplication::quit();
 }
@@ -654,6 +656,62 @@ void ScreenshotTour::selectRow(QWidget* dialog, const QString& text) {
     auto* list = dialog->findChild<QListWidget*>(QStringLiteral("c%1").arg(IDC_ITEM_LIST));
     list->setCurrentItem(list->findItems(text, Qt::MatchExactly).value(0));
     QApplication::processEvents();
+}
+
+void ScreenshotTour::tourUtilities() {
+    QTimer::singleShot(0, this, [this] {
+        auto* dialog = m_app->screen().findChild<UtilitiesDialog*>(QStringLiteral("UtilitiesDialog"));
+        if (dialog == nullptr) {
+            m_failed.append(QStringLiteral("no Utilities dialog"));
+            return;
+        }
+        auto button = [dialog](int id) { return dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(id)); };
+        save(grabScreen(), QStringLiteral("utilities.png"));
+        // A backup under way, as its status line and bar stand after three of the six copies.
+        dialog->status(QStringLiteral("Backing up..."));
+        dialog->progressRange(0, 100);
+        dialog->progressPosition(60);
+        QApplication::processEvents();
+        save(grabScreen(), QStringLiteral("utilities-backup-running.png"));
+        dialog->progressPosition(0);
+        // The backup itself handles events while it runs: its message box is waited for.
+        whenVisible(QStringLiteral("DeviceMessageBox"), [this](QDialog* box) {
+            save(grabScreen(), QStringLiteral("utilities-backup-complete.png"));
+            box->accept();
+        });
+        button(IDC_UTIL_BACKUP)->click();
+        QApplication::processEvents();
+        save(grabScreen(), QStringLiteral("utilities-after-backup.png"));
+        // The restore question, answered No.
+        whenVisible(QStringLiteral("DeviceMessageBox"), [this](QDialog* box) {
+            save(grabScreen(), QStringLiteral("utilities-restore-question.png"));
+            box->reject();
+        });
+        button(IDC_UTIL_RESTORE)->click();
+        // The delete confirmation with "yes" typed, then cancelled; "Operation cancelled" is closed unseen.
+        whenVisible(QStringLiteral("ConfirmDialog"), [this](QDialog* confirm) {
+            confirm->findChild<QLineEdit*>()->setText(QStringLiteral("yes"));
+            save(grabScreen(), QStringLiteral("utilities-delete-confirm.png"));
+            whenVisible(QStringLiteral("DeviceMessageBox"), [](QDialog* box) { box->reject(); });
+            confirm->reject();
+        });
+        button(IDC_UTIL_DELETE)->click();
+        dialog->accept();
+    });
+    command(ID_MENU_UTILITIES);
+}
+
+void ScreenshotTour::whenVisible(const QString& dialogName, const std::function<void(QDialog*)>& act) {
+    auto* poll = new QTimer(this);
+    connect(poll, &QTimer::timeout, this, [this, poll, dialogName, act] {
+        auto* dialog = m_app->screen().findChild<QDialog*>(dialogName);
+        if (dialog != nullptr && dialog->isVisible()) {
+            poll->stop();
+            poll->deleteLater();
+            act(dialog);
+        }
+    });
+    poll->start(0);
 }
 
 void ScreenshotTour::tapStart(QWidget* target) {

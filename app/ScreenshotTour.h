@@ -10,6 +10,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 class KovalinApp;
 class QDialog;
 class QWidget;
@@ -51,6 +53,11 @@ private:
     QDialog* visibleDialog(const QString& name) const;
     // Highlights the row of text in dialog's list box (1028).
     static void selectRow(QWidget* dialog, const QString& text);
+    // The Utilities dialog: idle, a backup under way, its closing message and the dialog after it, the
+    // restore question and the delete confirmation.
+    void tourUtilities();
+    // Acts on the dialog of that name once it is up, however long that takes.
+    void whenVisible(const QString& dialogName, const std::function<void(QDialog*)>& act);
     // A tap on the first field of target, and keys typed into it as a person types them.
     static void tapStart(QWidget* target);
     static void type(QWidget* target, const QString& text, int key = 0);

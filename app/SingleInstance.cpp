@@ -8,58 +8,18 @@
 #include <QLocalServer>
 #include <QLocalSocket>
 
-#include <cerrno>
-
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 namespace {
 constexpr int kConnectTimeoutMs = 1000;
 const QByteArray kActivate = QByteArrayLiteral("activate\n");
 } // namespace
 
 SingleInstance::SingleInstance(const QString& deviceFolder, QObject* parent)
-    : QObject(parent), m_deviceFolder(deviceFolder) {}
+    : QObject(parent), m_deviceFolder(deviceFolder), m_lock(lockPath(deviceFolder)) {}
 
-SingleInstance::~SingleInstance() {
-    if (m_lock >= 0) {
-        // Removed while still held, so that no one takes the lock of a file that is gone.
-        ::unlink(QFile::encodeName(lockPath(m_deviceFolder)).constData());
-        ::close(m_lock);
-    }
-}
+SingleInstance::~SingleInstance() = default;
 
 QString SingleInstance::lockPath(const QString& deviceFolder) {
     return DevicePaths(deviceFolder).lockFile();
-}
-
-DWORD SingleInstance::lock() {
-    const QByteArray path = QFile::encodeName(lockPath(m_deviceFolder));
-    // A holder that lets go removes the file: a lock taken on the file it removed holds nothing, and
-    // is taken again on the file now at the path.
-    for (int attempt = 0; attempt < 3; ++attempt) {
-        const int fd = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-        if (fd < 0) {
-            return errno == ENOSPC || errno == EDQUOT ? ERROR_DISK_FULL : ERROR_ACCESS_DENIED;
-        }
-        ::fchmod(fd, 0600); // whatever the umask, or the mode a lock left by an older version had
-        if (::flock(fd, LOCK_EX | LOCK_NB) != 0) {
-            const int error = errno;
-            ::close(fd);
-            return error == EWOULDBLOCK ? ERROR_SHARING_VIOLATION : ERROR_ACCESS_DENIED;
-        }
-        struct stat held {};
-        struct stat named {};
-        if (::fstat(fd, &held) == 0 && ::stat(path.constData(), &named) == 0 && held.st_dev == named.st_dev &&
-            held.st_ino == named.st_ino) {
-            m_lock = fd;
-            return ERROR_SUCCESS;
-        }
-        ::close(fd);
-    }
-    return ERROR_SHARING_VIOLATION;
 }
 
 QString SingleInstance::serverName(const QString& deviceFolder) {
@@ -70,7 +30,7 @@ QString SingleInstance::serverName(const QString& deviceFolder) {
 }
 
 bool SingleInstance::acquire() {
-    m_error = m_lock >= 0 ? ERROR_SUCCESS : lock();
+    m_error = m_lock.acquire();
     if (m_error != ERROR_SUCCESS) {
         return false;
     }

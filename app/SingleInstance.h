@@ -3,7 +3,7 @@
 // system lets it go when the process ends however it ends, and a local server named after the
 // device through which a second start asks the running one to come to the front.
 
-#include "WinTypes.h"
+#include "DeviceLock.h"
 
 #include <QObject>
 
@@ -33,10 +33,9 @@ signals:
 
 private:
     void onConnection();
-    DWORD lock();
 
     QString m_deviceFolder;
-    int m_lock = -1;
+    DeviceLock m_lock;
     DWORD m_error = ERROR_SUCCESS;
     QLocalServer* m_server = nullptr;
 };

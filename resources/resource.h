@@ -196,6 +196,17 @@ constexpr int IDC_REPORTS_MEASURE = 1009;
 constexpr int IDC_REPORTS_PERIOD = 1010;
 constexpr int IDC_REPORTS_SET = 1089;
 constexpr int IDC_REPORTS_EXERCISE = 1012;
+// The Utilities dialog: its buttons, the status line and the progress bar.
+constexpr int IDD_UTILITIES = 273;
+constexpr int IDC_UTIL_BACKUP = 1400;
+constexpr int IDC_UTIL_RESTORE = 1401;
+constexpr int IDC_UTIL_COMPACT = 1402;
+constexpr int IDC_UTIL_DELETE = 1403;
+constexpr int IDC_UTIL_EXPORT = 1404;
+constexpr int IDC_UTIL_IMPORT = 1405;
+constexpr int IDC_UTIL_HELP = 1406;
+constexpr int IDC_UTIL_STATUS = 1407;
+constexpr int IDC_UTIL_PROGRESS = 1408;
 
 // Start-up progress box.
 constexpr int IDC_STARTUP_PICTURE = 1300;

@@ -10,12 +10,6 @@
 #include <QDir>
 
 namespace {
-const QString kQuestion = QStringLiteral(
-    "Copies your Kovalin data to .csv format files, which can then be copied to your desktop computer and imported "
-    "into Excel or Access.  Six files will be created and placed in the My Documents folder on the Pocket PC.  These "
-    "are kovupper.csv, kovupper2.csv, kovlower.csv, kovlower2.csv, kovaerobic.csv, and kovfood.csv.  Your Kovalin "
-    "data will not be removed from the Pocket PC. It is recommended that you choose Backup to backup your data prior "
-    "to performing this operation. OK to proceed?");
 const QString kInsufficientEntries = QStringLiteral("Not all databases were exported due to insufficient entries.");
 const QString kDataAccessError = QStringLiteral("Data access error");
 const QString kDone = QStringLiteral("Done.");
@@ -28,6 +22,15 @@ bool isReferenceDay(const DbRecord& record) {
     return key != nullptr && key->type() == CEVT_FILETIME && key->toFileTime() == DayKey::referenceDay();
 }
 } // namespace
+
+QString CsvExport::question() {
+    return QStringLiteral(
+    "Copies your Kovalin data to .csv format files, which can then be copied to your desktop computer and imported "
+    "into Excel or Access.  Six files will be created and placed in the My Documents folder on the Pocket PC.  These "
+    "are kovupper.csv, kovupper2.csv, kovlower.csv, kovlower2.csv, kovaerobic.csv, and kovfood.csv.  Your Kovalin "
+    "data will not be removed from the Pocket PC. It is recommended that you choose Backup to backup your data prior "
+    "to performing this operation. OK to proceed?");
+}
 
 CsvExport::CsvExport(const ExportSource& databases, const QString& folder) : m_databases(databases), m_folder(folder) {}
 
@@ -51,7 +54,7 @@ QString CsvExport::fileName(UserDatabase which) {
 
 bool CsvExport::run(ExportProgress& progress) {
     progress.status(QStringLiteral("Exporting..."));
-    if (!progress.confirm(kQuestion)) {
+    if (!progress.confirm(question())) {
         progress.status(QStringLiteral("Cancelled."));
         return false;
     }

@@ -21,6 +21,8 @@ using ExportSource = std::array<QString, kUserDatabaseCount>;
 
 class CsvExport {
 public:
+    // The yes/no question asked before anything is written.
+    static QString question();
     // folder: where the files go, the host folder of the device's \My Documents\.
     CsvExport(const ExportSource& databases, const QString& folder);
 

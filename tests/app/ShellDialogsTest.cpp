@@ -98,12 +98,6 @@ TEST_F(ShellDialogsTest, AboutHelpPhotoAndTheFunctionsOfLaterVersionsTellTheUser
     EXPECT_EQ(where, QRect(0, 26, 240, 294));
     EXPECT_EQ(m_boxes.texts().size(), 3);
 
-    for (int command : {32836}) {
-        trigger(command);
-        EXPECT_TRUE(m_boxes.texts().last().endsWith(QStringLiteral("not part of this version of Kovalin yet.")))
-            << command;
-    }
-    EXPECT_EQ(m_boxes.texts().size(), 4);
 }
 
 TEST_F(ShellDialogsTest, TheMessageBoxPresenterShowsTheBoxOnTheScreenAndReturnsTheButtonPressed) {

@@ -1,0 +1,22 @@
+#pragma once
+// One run of kovalin-cli on a device: opens the device, takes the lock when the command changes the
+// logs, chooses the user and runs the command. The exit status: 0 on success, 1 when the operation
+// failed or was refused.
+
+#include "CliOptions.h"
+
+#include <cstdio>
+
+class CliRun {
+public:
+    explicit CliRun(const CliOptions& options, std::FILE* answers = stdin) : m_options(options), m_answers(answers) {}
+    int exec();
+
+private:
+    int runCommand(const QString& user);
+    bool confirmRestore(const QString& user);
+    static int fail(const QString& text);
+
+    const CliOptions& m_options;
+    std::FILE* m_answers;
+};

@@ -1,0 +1,180 @@
+// Backup and restore on logs written with plain SQL; the backup file and the logs read back the same way.
+
+#include "Backup.h"
+#include "RecordingReport.h"
+#include "Restore.h"
+#include "SqlLogs.h"
+#include "TestDevice.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace {
+const QStringList kLogs = {"Kov2AUpperBody", "Kov2BUpperBody", "Kov2ALowerBody",
+                           "Kov2BLowerBody", "Kov2Aerobic",    "Kov2Food"};
+const QStringList kCopies = {"BkUpperA", "BkUpperB", "BkLowerA", "BkLowerB", "BkAerobic", "BkFood"};
+const QDate kDay(2024, 3, 14);
+const QString kMountMessage = "message Error mounting file volume.  Be sure the 'Default.kov' file is in the My "
+                              "Documents folder of your Pocket PC.";
+
+class BackupRestoreTest : public ::testing::Test {
+protected:
+    BackupRestoreTest() : m_store(m_device.paths().objectStore()) {}
+
+    // The six logs of user: the marker, then days written out of date order, every property type
+    // the logs use; the aerobic log is left empty.
+    void writeLogs(const QString& user = {}) {
+        for (const QString& log : kLogs) {
+            m_store.database(log + user);
+            if (log == "Kov2Aerobic") {
+                continue;
+            }
+            m_store.day(log + user, QDate(1968, 11, 29));
+            m_store.day(log + user, kDay,
+                        {{102, kI2, 7}, {105, kUI2, 1}, {1003, kR8, 21.5}, {1132, kText, log + user}});
+            m_store.day(log + user, kDay.addDays(-3),
+                        {{1010, kFileTime, 123456789}, {900, kI4, -5}, {901, kBlob, QByteArray("\x01\x02")}});
+        }
+    }
+    QString backupPath(const QString& name = "Default") const {
+        return m_device.paths().myDocuments() + "/" + name + ".kov";
+    }
+    QStringList dumps(const SqlLogs& volume, const QStringList& names, bool creationOrder) const {
+        QStringList all;
+        for (const QString& name : names) {
+            all << volume.dump(name, creationOrder);
+        }
+        return all;
+    }
+    QStringList logs(const QString& user = {}) const {
+        QStringList names;
+        for (const QString& log : kLogs) {
+            names << log + user;
+        }
+        return dumps(m_store, names, false);
+    }
+
+    TestDevice m_device;
+    SqlLogs m_store;
+    RecordingReport m_report;
+};
+
+TEST_F(BackupRestoreTest, BackupCopiesEveryRecordVerbatimInDateOrderIntoSixCopies) {
+    writeLogs();
+    const QStringList before = logs();
+
+    ASSERT_TRUE(Backup::run(QString(), m_report));
+
+    SqlLogs file(backupPath());
+    // The copies keep the records in the order they were written: the logs' date order.
+    EXPECT_EQ(dumps(file, kCopies, true), before);
+    EXPECT_EQ(file.catalogue(),
+              "BkAerobic:0:64:0 BkFood:0:64:0 BkLowerA:0:64:0 BkLowerB:0:64:0 BkUpperA:0:64:0 BkUpperB:0:64:0");
+    EXPECT_EQ(SqlReader(backupPath())
+                  .value("SELECT group_concat(name, ' ') FROM (SELECT name FROM databases ORDER "
+                         "BY oid)"),
+              kCopies.join(' '));
+    EXPECT_TRUE(before[1].startsWith("4194368=" + QString::number(StoredDays::keyOf(QDate(1968, 11, 29))) + " | "));
+    EXPECT_EQ(m_report.log,
+              QStringList({"range 0 100", "position 0", "step 20", "status Backing up...", "stepit", "stepit", "stepit",
+                           "stepit", "stepit", "stepit", "message Backup complete!", "status "}));
+}
+
+TEST_F(BackupRestoreTest, BackupIsNamedAfterTheUserAndASecondBackupReplacesTheFirst) {
+    writeLogs("Ann");
+    ASSERT_TRUE(Backup::run("Ann", m_report));
+    m_store.run("DELETE FROM records WHERE db = (SELECT oid FROM databases WHERE name = 'Kov2FoodAnn')");
+    m_store.day("Kov2FoodAnn", QDate(2001, 1, 1));
+    ASSERT_TRUE(Backup::run("Ann", m_report));
+
+    EXPECT_FALSE(QFile::exists(backupPath()));
+    EXPECT_EQ(SqlLogs(backupPath("Ann")).dump("BkFood", true),
+              "4194368=" + QString::number(StoredDays::keyOf(QDate(2001, 1, 1))));
+}
+
+TEST_F(BackupRestoreTest, BackupStopsAtAMissingLogOrAFileThatCannotBeMade) {
+    writeLogs();
+    m_store.run("DELETE FROM databases WHERE name = 'Kov2ALowerBody'");
+    EXPECT_FALSE(Backup::run(QString(), m_report));
+    EXPECT_EQ(m_report.texts(), QStringList({"status Backing up...", "status Error opening object store volume"}));
+    // The copies made before the failure stay; the failed one is empty.
+    SqlLogs file(backupPath());
+    EXPECT_EQ(file.dump("BkUpperB", true), m_store.dump("Kov2BUpperBody"));
+    EXPECT_EQ(file.dump("BkLowerA", true), "");
+    EXPECT_EQ(file.dump("BkLowerB", true), "none");
+
+    m_report.log.clear();
+    QFile::remove(backupPath());
+    QDir(m_device.paths().myDocuments()).removeRecursively();
+    EXPECT_FALSE(Backup::run(QString(), m_report));
+    EXPECT_EQ(m_report.texts(), QStringList({"status Backing up...", "status Error mounting database file"}));
+}
+
+TEST_F(BackupRestoreTest, RestoreGivesBackTheRecordsOfTheBackup) {
+    writeLogs();
+    const QStringList before = logs();
+    ASSERT_TRUE(Backup::run(QString(), m_report));
+    // Changed since: a day added, a log emptied, a log gone.
+    m_store.day("Kov2Food", kDay.addDays(1), {{1001, kI2, 4}});
+    m_store.run("DELETE FROM records WHERE db = (SELECT oid FROM databases WHERE name = 'Kov2BLowerBody')");
+    m_store.run("DELETE FROM databases WHERE name = 'Kov2ALowerBody'");
+    m_report.log.clear();
+
+    ASSERT_TRUE(Restore::run(QString(), m_report));
+
+    EXPECT_EQ(logs(), before);
+    for (const QString& log : kLogs) {
+        EXPECT_TRUE(m_store.catalogue().contains(log + ":12345:4194368:0")) << log.toStdString();
+    }
+    EXPECT_EQ(m_report.log, QStringList({"range 0 100", "position 0", "step 20", "stepit", "stepit", "stepit", "stepit",
+                                         "stepit", "stepit", "message Restore successful!", "status "}));
+}
+
+TEST_F(BackupRestoreTest, ADamagedBackupIsRefusedWithNothingChanged) {
+    writeLogs();
+    ASSERT_TRUE(Backup::run(QString(), m_report));
+    m_store.day("Kov2Food", kDay.addDays(1), {{1001, kI2, 4}});
+    const QStringList before = logs();
+    const QByteArray whole = VolumeFiles::readFile(backupPath());
+
+    struct Damage {
+        const char* what;
+        std::function<void()> apply;
+        QStringList texts;
+    };
+    const std::vector<Damage> damages = {
+        {"a copy missing (the last one read)",
+         [this] { SqlLogs(backupPath()).run("DELETE FROM databases WHERE name = 'BkFood'"); },
+         {"status Error opening backup volume"}},
+        {"a record that cannot be read (text where a 16-bit number belongs)",
+         [this] {
+             SqlLogs(backupPath())
+                 .run("UPDATE props SET value = 'x' WHERE propid = (102 << 16) | 2 AND record = "
+                      "(SELECT max(r.oid) FROM records r JOIN databases d ON r.db = d.oid WHERE "
+                      "d.name = 'BkLowerB')");
+         },
+         {"message Data access error"}},
+        {"not a volume",
+         [this] { VolumeFiles::writeFile(backupPath(), QByteArray(8192, 'k')); },
+         {kMountMessage, "status Error opening backup volume"}},
+        {"no file", [this] { QFile::remove(backupPath()); }, {kMountMessage, "status Error opening backup volume"}},
+    };
+    for (const Damage& damage : damages) {
+        SCOPED_TRACE(damage.what);
+        VolumeFiles::writeFile(backupPath(), whole);
+        damage.apply();
+        m_report.log.clear();
+        EXPECT_FALSE(Restore::run(QString(), m_report));
+        EXPECT_EQ(m_report.texts(), damage.texts);
+        EXPECT_EQ(logs(), before);
+    }
+}
+
+TEST(RestoreQuestion, NamesTheFileOfTheUser) {
+    EXPECT_EQ(Restore::question(QString()),
+              "This operation will look for a file called 'Default.kov' in your My Documents folder, and if found, it "
+              "will replace any existing Kovalin data with the data in that file.  OK to proceed?");
+    EXPECT_TRUE(Restore::question("Ann").contains("'Ann.kov'"));
+}
+} // namespace

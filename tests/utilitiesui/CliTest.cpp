@@ -1,0 +1,128 @@
+// kovalin-cli run as a process on a device whose logs are written with plain SQL.
+
+#include "../utilities/SqlLogs.h"
+#include "DeviceLock.h"
+#include "RegistryHelper.h"
+#include "Settings.h"
+#include "TestDevice.h"
+
+#include <QFile>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace {
+struct CliResult {
+    int code;
+    QString out;
+    QString err;
+};
+
+class CliTest : public ::testing::Test {
+protected:
+    CliTest() : m_store(m_device.paths().objectStore()) {
+        m_store.database("KovUserList", (801 << 16) | 31);
+        m_store.record("KovUserList", {{801, kText, "Ann"}});
+        for (const QString& log :
+             {"Kov2AUpperBody", "Kov2BUpperBody", "Kov2ALowerBody", "Kov2BLowerBody", "Kov2Aerobic", "Kov2Food"}) {
+            for (const QString& user : {"", "Ann"}) {
+                m_store.database(log + user);
+                m_store.day(log + user, QDate(2024, 3, 14), {{1132, kText, user + " was here"}});
+            }
+        }
+    }
+    CliResult cli(const QStringList& arguments, const QByteArray& input = {}) const {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("KOVALIN_DEVICE", m_device.root() + "/device");
+        process.setProcessEnvironment(environment);
+        process.start(KOVALIN_CLI, arguments);
+        process.write(input);
+        process.closeWriteChannel();
+        EXPECT_TRUE(process.waitForFinished(60000));
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                QString::fromLocal8Bit(process.readAllStandardOutput()),
+                QString::fromLocal8Bit(process.readAllStandardError())};
+    }
+    QString backup(const QString& name) const { return m_device.paths().myDocuments() + "/" + name + ".kov"; }
+
+    TestDevice m_device;
+    SqlLogs m_store;
+};
+
+TEST_F(CliTest, BackupTakesTheLastUserOrTheUserNamedAndRestoreAsksFirst) {
+    RegistryHelper::SetString(HKEY_CURRENT_USER, Settings::kKey, Settings::kLastUser, "Ann");
+    CliResult run = cli({"backup"});
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_EQ(run.out, "Backing up...\n");
+    EXPECT_EQ(run.err, "Backup complete!\n");
+    EXPECT_TRUE(QFile::exists(backup("Ann")));
+
+    run = cli({"--device", m_device.root() + "/device", "--user", "Default", "backup"});
+    EXPECT_EQ(run.code, 0);
+    const QString before = m_store.dump("Kov2Food");
+    m_store.run("DELETE FROM records WHERE db IN (SELECT oid FROM databases WHERE name LIKE 'Kov2%')");
+
+    run = cli({"--user", "Default", "restore"}, "n\n");
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.out, "Restoring...\nCancelled.\n");
+    EXPECT_TRUE(run.err.startsWith("This operation will look for a file called 'Default.kov'"));
+    EXPECT_EQ(m_store.dump("Kov2Food"), "");
+
+    run = cli({"--user", "Default", "restore"}, "y\n");
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_TRUE(run.err.endsWith("Restore successful!\n"));
+    EXPECT_EQ(m_store.dump("Kov2Food"), before);
+    // Without a terminal to answer, only --yes restores.
+    EXPECT_EQ(cli({"--user", "Ann", "restore"}).code, 1);
+    EXPECT_EQ(cli({"--user", "Ann", "--yes", "restore"}).code, 0);
+    EXPECT_EQ(m_store.dump("Kov2FoodAnn").count("Ann was here"), 1);
+}
+
+TEST_F(CliTest, RestoreAndCompactAreRefusedWhileKovalinRunsButBackupIsNot) {
+    DeviceLock running(m_device.paths().lockFile());
+    ASSERT_EQ(running.acquire(), DWORD(ERROR_SUCCESS));
+    for (const char* command : {"restore", "compact"}) {
+        const CliResult run = cli({"--yes", command});
+        EXPECT_EQ(run.code, 1) << command;
+        EXPECT_EQ(
+            run.err,
+            QString("kovalin-cli: Kovalin is running on this device; close it before running %1.\n").arg(command));
+    }
+    EXPECT_EQ(cli({"backup"}).code, 0);
+}
+
+TEST_F(CliTest, RefusalsAndUsage) {
+    CliResult run = cli({"--user", "Bob", "backup"});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.err, "kovalin-cli: There is no user named \"Bob\" on this device.\n");
+    EXPECT_FALSE(QFile::exists(backup("Bob")));
+
+    run = cli({"--device", m_device.root() + "/elsewhere", "backup"});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_TRUE(run.err.contains("There is no Kovalin device in"));
+    EXPECT_FALSE(QFile::exists(m_device.root() + "/elsewhere"));
+
+    m_store.run("DELETE FROM records WHERE db = (SELECT oid FROM databases WHERE name = 'Kov2Food')");
+    m_store.day("Kov2Food", QDate(2024, 3, 15), {{1132, kText, "<Click to add Notes>"}});
+    run = cli({"compact"});
+    EXPECT_EQ(run.code, 0);
+    EXPECT_EQ(run.out.split('\n').mid(0, 3), QStringList({"Compacting...", "Compacting Upper Body...", "Done."}));
+    EXPECT_EQ(m_store.dump("Kov2Food"), "");
+
+    m_store.record("KovUserList", {{801, kText, "bob"}});
+    m_store.record("KovUserList", {{801, kText, "Carl"}});
+    run = cli({"users"});
+    EXPECT_EQ(run.code, 0);
+    EXPECT_EQ(run.out, "Ann\nbob\nCarl\n");
+    m_store.run("DELETE FROM records WHERE db = (SELECT oid FROM databases WHERE name = 'KovUserList')");
+    EXPECT_EQ(cli({"users"}).out, "<add new user>\nDefault\n");
+
+    EXPECT_EQ(cli({"frob"}).code, 2);
+    EXPECT_EQ(cli({}).code, 2);
+    EXPECT_EQ(cli({"backup", "restore"}).code, 2);
+    run = cli({"--help"});
+    EXPECT_EQ(run.code, 0);
+    EXPECT_TRUE(run.out.contains("users    prints the user list, one name a line"));
+}
+} // namespace

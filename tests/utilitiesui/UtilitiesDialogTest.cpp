@@ -1,0 +1,120 @@
+// The Utilities dialog on the whole program, driven through its buttons; the logs are written and
+// read back with plain SQL.
+
+#include "UtilitiesDialog.h"
+#include "../utilities/SqlLogs.h"
+#include "MessageBox.h"
+#include "ShellTestSupport.h"
+#include "resource.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+
+namespace {
+const QDate kDay(2024, 3, 14);
+const QStringList kLogs = {"Kov2AUpperBody", "Kov2BUpperBody", "Kov2ALowerBody",
+                           "Kov2BLowerBody", "Kov2Aerobic",    "Kov2Food"};
+
+class UtilitiesDialogTest : public ShellTest {
+protected:
+    UtilitiesDialogTest() : m_store(m_device.paths().objectStore()) {
+        for (const QString& log : kLogs) {
+            m_store.database(log);
+            m_store.day(log, QDate(1968, 11, 29));
+            m_store.day(log, kDay, {{1132, kText, "kept " + log}});
+            m_store.day(log, kDay.addDays(1));
+        }
+        start();
+        m_factory.log.clear();
+    }
+
+    // Opens the dialog, presses the buttons in turn (each press returns when its operation has),
+    // runs during after the presses, and reads the status line and the bar before the dialog closes.
+    void press(const QList<int>& buttons, const std::function<void(QWidget*)>& during = {}) {
+        whenShown("UtilitiesDialog", [&](QWidget* dialog) {
+            for (int id : buttons) {
+                dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(id))->click();
+            }
+            if (during) {
+                during(dialog);
+            }
+            m_status = dialog->findChild<QLabel*>(QStringLiteral("c%1").arg(IDC_UTIL_STATUS))->text();
+            m_bar = dialog->findChild<QProgressBar*>(QStringLiteral("c%1").arg(IDC_UTIL_PROGRESS))->value();
+            if (auto* ok = dialog->findChild<QPushButton*>("c1"); ok != nullptr && dialog->isVisible()) {
+                ok->click();
+            }
+        });
+        trigger(ID_MENU_UTILITIES);
+    }
+    QString backupPath() const { return m_device.paths().myDocuments() + "/Default.kov"; }
+
+    SqlLogs m_store;
+    QString m_status;
+    int m_bar = -1;
+};
+
+TEST_F(UtilitiesDialogTest, BackupThenRestoreThroughTheButtonsGivesBackTheLogs) {
+    const QString food = m_store.dump("Kov2Food");
+    press({IDC_UTIL_BACKUP});
+    EXPECT_EQ(m_boxes.texts(), QStringList({"Backup complete!"}));
+    EXPECT_TRUE(QFile::exists(backupPath()));
+    EXPECT_EQ(m_bar, 100);
+    EXPECT_EQ(m_status, "");
+
+    m_store.run("DELETE FROM records WHERE db = (SELECT oid FROM databases WHERE name = 'Kov2Food')");
+    m_boxes.clear();
+    m_boxes.queueAnswer(IDNO);
+    m_boxes.queueAnswer(IDYES);
+    press({IDC_UTIL_RESTORE, IDC_UTIL_RESTORE});
+    ASSERT_EQ(m_boxes.texts().size(), 3);
+    EXPECT_TRUE(m_boxes.texts()[0].startsWith("This operation will look for a file called 'Default.kov'"));
+    EXPECT_EQ(m_boxes.types()[0] & MB_TYPEMASK, UINT(MB_YESNO));
+    EXPECT_EQ(m_boxes.texts()[2], "Restore successful!");
+    EXPECT_EQ(m_store.dump("Kov2Food"), food);
+    // The pages show the restored logs.
+    EXPECT_TRUE(m_factory.log.contains("food reload"));
+}
+
+TEST_F(UtilitiesDialogTest, RestoreRefusedAndExportRefusedSayCancelled) {
+    m_boxes.queueAnswer(IDNO);
+    press({IDC_UTIL_RESTORE});
+    EXPECT_EQ(m_status, "Cancelled.");
+    m_boxes.queueAnswer(IDNO);
+    press({IDC_UTIL_EXPORT});
+    EXPECT_EQ(m_status, "Cancelled.");
+    EXPECT_TRUE(m_boxes.texts().last().startsWith("Copies your Kovalin data to .csv format files"));
+    EXPECT_FALSE(QFile::exists(backupPath()));
+}
+
+TEST_F(UtilitiesDialogTest, CompactImportAndHelpTellTheirResults) {
+    press({IDC_UTIL_COMPACT, IDC_UTIL_IMPORT, IDC_UTIL_HELP});
+    EXPECT_EQ(m_status, "Done.");
+    ASSERT_EQ(m_boxes.texts().size(), 3);
+    EXPECT_EQ(m_boxes.texts()[0], "Compact complete!");
+    EXPECT_EQ(m_boxes.texts()[1], "No version 1 Kovalin data was found on this device.");
+    EXPECT_TRUE(m_boxes.texts()[2].contains("desktop programs for furhter analysis.  IMPORT: Brings in data"));
+    // The empty day after kDay went; kDay and the markers stayed.
+    EXPECT_EQ(m_store.dump("Kov2Food").count(" | "), 1);
+}
+
+TEST_F(UtilitiesDialogTest, DeleteNeedsTheTypedYesThenDeletesAndEndsTheProgram) {
+    for (const QString typed : {"Yes", "yes"}) {
+        whenShown("ConfirmDialog", [typed](QWidget* confirm) {
+            confirm->findChild<QLineEdit*>()->setText(typed);
+            confirm->findChild<QPushButton*>("c1")->click();
+        });
+        press({IDC_UTIL_DELETE});
+    }
+    ASSERT_EQ(m_boxes.texts().size(), 2);
+    EXPECT_EQ(m_boxes.texts()[0], "Operation cancelled");
+    EXPECT_EQ(m_boxes.texts()[1], "Database Deleted.  Kovalin will now close.  If you restart Kovalin, blank "
+                                  "databases will be recreated.  Or you may now remove the program.");
+    EXPECT_EQ(m_store.dump("Kov2Food"), "none");
+    EXPECT_TRUE(main().hasEnded());
+    // Nothing was saved into the deleted logs on the way out.
+    EXPECT_FALSE(m_factory.log.contains("aerobic save"));
+}
+} // namespace

@@ -1,0 +1,20 @@
+#pragma once
+// The copy loop of backup and restore: every record of one database, all its properties, read in
+// the database's order and written as new records of another.
+
+#include "CeDatabase.h"
+
+class UtilityReport;
+
+class RecordCopier {
+public:
+    static const QString kDataAccessError;
+
+    // Reads each record of from (opened with CEDB_AUTOINCREMENT) and writes it as a new record of to,
+    // until the reads run out. A read that fails otherwise than at the end, or a write that fails,
+    // shows "Data access error" and ends the loop; false then.
+    static bool copyAll(HANDLE from, HANDLE to, UtilityReport& report);
+    // Reads each record of from (opened with CEDB_AUTOINCREMENT) without writing it: true when every
+    // record can be read. Shows nothing.
+    static bool readAll(HANDLE from, UtilityReport& report);
+};
