@@ -104,17 +104,44 @@ for program in "${programs[@]}"; do
                  MANWIDTH=80 man -l '$page' 2>/dev/null | grep -A1 '^NAME' | grep -q '^ *${program} - '"
 done
 
-# --- the installed program, away from the checkout: it starts on a fresh device and draws its screens
-run() { (cd / && env -i PATH=/usr/bin:/bin HOME="$work/home" QT_QPA_PLATFORM=offscreen timeout 120 "$@"); }
-mkdir -p "$work/home"
+# --- the installed program, away from the checkout: it starts on a device and draws its screens
+run() { (cd / && env -i PATH=/usr/bin:/bin HOME="$work/home" XDG_RUNTIME_DIR="$work/runtime" \
+                    QT_QPA_PLATFORM=offscreen timeout 120 "$@"); }
+# A device whose store, written in the documented format, holds only the setting that the release
+# notes were seen, so that the start goes straight to the Today page.
+device() {
+    mkdir -p "$1"
+    sqlite3 "$1/objectstore.db" <<'SQL'
+PRAGMA application_id = 1263490625;
+PRAGMA user_version = 1;
+CREATE TABLE databases (oid INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, type INTEGER NOT NULL,
+  sort_propid INTEGER, sort_flags INTEGER NOT NULL DEFAULT 0) STRICT;
+CREATE TABLE records (oid INTEGER PRIMARY KEY, db INTEGER NOT NULL REFERENCES databases(oid) ON DELETE CASCADE,
+  sort_key ANY) STRICT;
+CREATE INDEX records_in_order ON records(db, sort_key, oid);
+CREATE TABLE props (record INTEGER NOT NULL REFERENCES records(oid) ON DELETE CASCADE, propid INTEGER NOT NULL,
+  value ANY, PRIMARY KEY (record, propid)) STRICT, WITHOUT ROWID;
+CREATE TABLE registry (key TEXT NOT NULL, name TEXT NOT NULL, type INTEGER NOT NULL, value ANY,
+  PRIMARY KEY (key, name)) STRICT;
+CREATE TABLE registry_keys (key TEXT NOT NULL PRIMARY KEY) STRICT;
+INSERT INTO registry_keys VALUES ('HKEY_CURRENT_USER'), ('HKEY_CURRENT_USER\Software'),
+  ('HKEY_CURRENT_USER\Software\Orn'), ('HKEY_CURRENT_USER\Software\Orn\Kovalin');
+INSERT INTO registry VALUES ('HKEY_CURRENT_USER\Software\Orn\Kovalin', 'DontShow', 4, 1);
+SQL
+}
+# The program made the default user's upper-body log as its pages loaded.
+started() { [ "$(sqlite3 "$1/objectstore.db" "SELECT count(*) FROM databases WHERE name = 'Kov2AUpperBody'")" = 1 ]; }
+mkdir -p "$work/home" && mkdir -m 700 "$work/runtime"
+device "$work/device"
+device "$work/home/.local/share/Kovalin/device"
 check "the installed kovalin tells its version" same "Kovalin $version" "$(run "$stage/bin/kovalin" --version)"
-check "the installed kovalin starts on a fresh device and ends when the Today page is drawn" \
-    bash -c "$(declare -f run); work='$work'; run '$stage/bin/kovalin' --device '$work/device' --quit-after-start && \
-             [ -f '$work/device/objectstore.db' ]"
-check "the installed kovalin's default device is in its data folder" \
-    bash -c "$(declare -f run); work='$work'; run '$stage/bin/kovalin' --quit-after-start && \
-             [ -f '$work/home/.local/share/Kovalin/device/objectstore.db' ]"
-check "the installed kovalin draws its screens, the Today page 240 by 320" \
+check "the installed kovalin starts on --device and ends once the Today page is drawn" \
+    bash -c "$(declare -f run started); work='$work'; run '$stage/bin/kovalin' --device '$work/device' \
+             --quit-after-start && started '$work/device'"
+check "the installed kovalin's default device is in the user's data folder" \
+    bash -c "$(declare -f run started); work='$work'; run '$stage/bin/kovalin' --quit-after-start && \
+             started '$work/home/.local/share/Kovalin/device'"
+check "the installed kovalin runs its screen tour on a fresh device, the Today page 240 by 320" \
     bash -c "$(declare -f run); work='$work'; run '$stage/bin/kovalin' --screenshots '$work/shots' >/dev/null && \
              file -b '$work/shots/today.png' | grep -q '^PNG image data, 240 x 320'"
 
