@@ -48,19 +48,3 @@ TEST(AppIcon, HasNoSizeBelowTheSmallBitmap) {
     EXPECT_TRUE(AppIcon::render(0).isNull());
     EXPECT_FALSE(AppIcon::render(16).isNull());
 }
-
-TEST(AppIcon, SheetShowsEachSizeOnALightAndADarkBandOnOneBaseline) {
-    const QImage sheet = AppIcon::sheet({16, 48});
-    // 16-pixel margins around and between the icons; each band is the tallest icon and two margins.
-    ASSERT_EQ(sheet.size(), QSize(16 + 16 + 16 + 48 + 16, 2 * (48 + 32)));
-    const QImage small = AppIcon::render(16);
-    const QImage large = AppIcon::render(48);
-    for (const int band : {0, 80}) {
-        // The icons' bottom rows share the band's baseline at y 63 + band.
-        EXPECT_EQ(sheet.pixel(16 + 8, band + 63), small.pixel(8, 15) | 0xff000000u);
-        EXPECT_EQ(sheet.pixel(48 + 24, band + 63), large.pixel(24, 47) | 0xff000000u);
-        EXPECT_EQ(sheet.pixel(16 + 8, band + 47), sheet.pixel(4, band + 4)) << "above the small icon is background";
-    }
-    EXPECT_GT(qGray(sheet.pixel(4, 4)), 200);
-    EXPECT_LT(qGray(sheet.pixel(4, 84)), 60);
-}
