@@ -111,6 +111,8 @@ int main(int argc, char* argv[]) {
     }
     QApplication application(argc, argv);
     QApplication::setApplicationName(KovalinApp::name());
+    // Ties the windows to the installed desktop entry, so that the desktop shows its name and icon.
+    QGuiApplication::setDesktopFileName(QStringLiteral(KOVALIN_APP_ID));
     DeviceFonts::install();
     KovalinApp::setDialogColours();
     if (!line.screenshotsDir.isEmpty()) {
