@@ -239,8 +239,8 @@ std::optional<ForeignExports::Row> ForeignExports::readRow(Program program, cons
         cells.problem(columns.exercise, QStringLiteral("names no exercise"));
         return std::nullopt;
     }
-    const bool moved = numberOr(cells, columns.distance, 0) > 0 || !cells.isEmpty(columns.seconds) &&
-                                                                       numberOr(cells, columns.seconds, 0) > 0;
+    const bool moved = numberOr(cells, columns.distance, 0) > 0 || numberOr(cells, columns.seconds, 0) > 0 ||
+                       CellReader::parseTime(cells.text(columns.seconds)).has_value();
     const bool lifted = numberOr(cells, columns.weight, 0) > 0 || numberOr(cells, columns.reps, 0) > 0;
     if (program == Program::FitNotes) {
         row.cardio = row.category.compare(QStringLiteral("Cardio"), Qt::CaseInsensitive) == 0;

@@ -195,15 +195,19 @@ bool TablesExport::writeStrength(TableFile& workouts, TableFile& sets, bool uppe
         while (haveB && dayB < dayA) {
             haveB = b.next(recordB, dayB);
         }
-        const DbRecord* second = haveB && dayB == dayA ? &recordB : nullptr;
-        if (!RecordEntries::holdsEntry(LogKind::Strength, recordA) &&
-            (second == nullptr || !RecordEntries::holdsEntry(LogKind::Strength, *second))) {
-            continue;
-        }
-        addWorkout(workouts, dayA, upper, recordA);
-        addSets(sets, dayA, upper, recordA, second);
+        addStrengthDay(workouts, sets, dayA, upper, recordA, haveB && dayB == dayA ? &recordB : nullptr);
     }
     return !a.failed() && !b.failed();
+}
+
+void TablesExport::addStrengthDay(TableFile& workouts, TableFile& sets, const QDate& day, bool upper,
+                                  const DbRecord& a, const DbRecord* b) {
+    if (!RecordEntries::holdsEntry(LogKind::Strength, a) &&
+        (b == nullptr || !RecordEntries::holdsEntry(LogKind::Strength, *b))) {
+        return;
+    }
+    addWorkout(workouts, day, upper, a);
+    addSets(sets, day, upper, a, b);
 }
 
 void TablesExport::addWorkout(TableFile& file, const QDate& day, bool upper, const DbRecord& a) {
@@ -224,10 +228,10 @@ void TablesExport::addSets(TableFile& file, const QDate& day, bool upper, const 
         if (record == nullptr) {
             continue;
         }
-        std::array<StrengthSet, MuscleGroup::kSets> slots;
-        StrengthSet::readSets(*record, group.firstNumber(), slots);
+        std::array<StrengthSet, MuscleGroup::kSets> groupSets;
+        StrengthSet::readSets(*record, group.firstNumber(), groupSets);
         for (int set = 0; set < MuscleGroup::kSets; ++set) {
-            const StrengthSet& slot = slots[static_cast<size_t>(set)];
+            const StrengthSet& slot = groupSets[static_cast<size_t>(set)];
             if (!slot.isRecorded()) {
                 continue;
             }
@@ -250,30 +254,7 @@ bool TablesExport::writeAerobic(TableFile& file) {
     DbRecord record;
     QDate day;
     while (log.isOpen() && log.next(record, day)) {
-        if (!RecordEntries::holdsEntry(LogKind::Aerobic, record)) {
-            continue;
-        }
-        for (const AerobicSlot& slot : AerobicSlot::all()) {
-            const auto numbers = slot.numbers();
-            if (std::none_of(numbers.begin(), numbers.end(),
-                             [&record](WORD number) { return find(record, number) != nullptr; })) {
-                continue;
-            }
-            file.addCell(TableCells::date(day));
-            file.addCell(QString::number(slot.number()));
-            file.addCell(cell(find(record, slot.exercise())));
-            file.addCell(cell(find(record, slot.course())));
-            file.addCell(cell(find(record, slot.distance())));
-            file.addCell(cell(find(record, slot.heartRate())));
-            file.addCell(startCell(record, slot.startHour(), slot.startMinute()));
-            file.addCell(elapsedCell(record, slot.elapsedMinutes(), slot.elapsedSeconds()));
-            file.addCell(yesNoCell(find(record, slot.completed())));
-            file.addCell(notesCell(find(record, slot.notes())));
-            for (int minute = 1; minute <= AerobicSlot::kMinutes; ++minute) {
-                file.addCell(cell(find(record, slot.minute(minute))));
-            }
-            file.endRow();
-        }
+        addAerobicDay(file, day, record);
     }
     return !log.failed();
 }
@@ -283,32 +264,63 @@ bool TablesExport::writeFood(TableFile& body, TableFile& meals) {
     DbRecord record;
     QDate day;
     while (log.isOpen() && log.next(record, day)) {
-        if (!RecordEntries::holdsEntry(LogKind::Food, record)) {
-            continue;
-        }
-        const QString date = TableCells::date(day);
-        body.addCell(date);
-        for (const FoodColumn& column : kBodyColumns) {
-            const DbProp* prop = find(record, column.number);
-            body.addCell(column.rating ? ratingCell(prop) : cell(prop));
-        }
-        body.addCell(notesCell(find(record, FoodDayValues::kNotes)));
-        body.endRow();
-        for (int slot = 0; slot < Meal::kSlots; ++slot) {
-            const DbProp* time = find(record, Meal::timeNumber(slot));
-            if (time == nullptr) {
-                continue;
-            }
-            const QTime clock = DayKey::timeOf(time->toFileTime());
-            meals.addCell(date);
-            meals.addCell(QString::number(slot + 1));
-            meals.addCell(TableCells::clock(clock.hour(), clock.minute()));
-            for (WORD number : {Meal::proteinNumber(slot), Meal::carbohydrateNumber(slot), Meal::vegetableNumber(slot),
-                                Meal::otherNumber(slot)}) {
-                meals.addCell(cell(find(record, number)));
-            }
-            meals.endRow();
-        }
+        addFoodDay(body, meals, day, record);
     }
     return !log.failed();
+}
+
+void TablesExport::addAerobicDay(TableFile& file, const QDate& day, const DbRecord& record) {
+    if (!RecordEntries::holdsEntry(LogKind::Aerobic, record)) {
+        return;
+    }
+    for (const AerobicSlot& slot : AerobicSlot::all()) {
+        const auto numbers = slot.numbers();
+        if (std::none_of(numbers.begin(), numbers.end(),
+                         [&record](WORD number) { return find(record, number) != nullptr; })) {
+            continue;
+        }
+        file.addCell(TableCells::date(day));
+        file.addCell(QString::number(slot.number()));
+        file.addCell(cell(find(record, slot.exercise())));
+        file.addCell(cell(find(record, slot.course())));
+        file.addCell(cell(find(record, slot.distance())));
+        file.addCell(cell(find(record, slot.heartRate())));
+        file.addCell(startCell(record, slot.startHour(), slot.startMinute()));
+        file.addCell(elapsedCell(record, slot.elapsedMinutes(), slot.elapsedSeconds()));
+        file.addCell(yesNoCell(find(record, slot.completed())));
+        file.addCell(notesCell(find(record, slot.notes())));
+        for (int minute = 1; minute <= AerobicSlot::kMinutes; ++minute) {
+            file.addCell(cell(find(record, slot.minute(minute))));
+        }
+        file.endRow();
+    }
+}
+
+void TablesExport::addFoodDay(TableFile& body, TableFile& meals, const QDate& day, const DbRecord& record) {
+    if (!RecordEntries::holdsEntry(LogKind::Food, record)) {
+        return;
+    }
+    const QString date = TableCells::date(day);
+    body.addCell(date);
+    for (const FoodColumn& column : kBodyColumns) {
+        const DbProp* prop = find(record, column.number);
+        body.addCell(column.rating ? ratingCell(prop) : cell(prop));
+    }
+    body.addCell(notesCell(find(record, FoodDayValues::kNotes)));
+    body.endRow();
+    for (int slot = 0; slot < Meal::kSlots; ++slot) {
+        const DbProp* time = find(record, Meal::timeNumber(slot));
+        if (time == nullptr) {
+            continue;
+        }
+        const QTime clock = DayKey::timeOf(time->toFileTime());
+        meals.addCell(date);
+        meals.addCell(QString::number(slot + 1));
+        meals.addCell(TableCells::clock(clock.hour(), clock.minute()));
+        for (WORD number : {Meal::proteinNumber(slot), Meal::carbohydrateNumber(slot), Meal::vegetableNumber(slot),
+                            Meal::otherNumber(slot)}) {
+            meals.addCell(cell(find(record, number)));
+        }
+        meals.endRow();
+    }
 }

@@ -22,6 +22,12 @@ public:
     // written or a database cannot be read.
     bool run(UtilityReport& report);
 
+    // The rows of one day of a log, when it holds an entry; b: the strength B record, if the day has one.
+    static void addStrengthDay(TableFile& workouts, TableFile& sets, const QDate& day, bool upper, const DbRecord& a,
+                               const DbRecord* b);
+    static void addAerobicDay(TableFile& file, const QDate& day, const DbRecord& record);
+    static void addFoodDay(TableFile& body, TableFile& meals, const QDate& day, const DbRecord& record);
+
 private:
     bool writeStrength(TableFile& workouts, TableFile& sets, bool upper);
     bool writeAerobic(TableFile& file);

@@ -109,8 +109,8 @@ TEST(HistoryTables, RoundTripsAreByteIdenticalAndASecondImportChangesNothing) {
     }
 
     const QString before = storeDigest(store);
-    for (const QString& folder : {"first", "device-default"}) {
-        outcome = import(folder == QStringLiteral("first") ? "Ann" : "Bob", dir.filePath(folder));
+    for (const QString folder : {"first", "device-default"}) {
+        outcome = import(folder == "first" ? "Ann" : "Bob", dir.filePath(folder));
         EXPECT_TRUE(outcome.complete) << outcome.text.toStdString();
         EXPECT_TRUE(outcome.text.contains("Food and body: 0 days added, 0 filled, 0 replaced, 366 left as they were "
                                           "(they hold entries: 2023-03-15 to 2024-03-14)."))
@@ -212,7 +212,7 @@ TEST_F(HistoryImportTest, TablesWriteEveryValueAsThePagesShowItAndReadItBack) {
 // Added, filled, left and replaced days; the A/B pair of a new day; a dry run counts the same and
 // writes nothing.
 TEST_F(HistoryImportTest, DaysAreAddedFilledLeftOrReplacedAsTheirLogsHoldEntries) {
-    for (const QString& log : {"Kov2AUpperBody", "Kov2BUpperBody"}) {
+    for (const QString log : {"Kov2AUpperBody", "Kov2BUpperBody"}) {
         m_store.database(log);
         m_store.day(log, QDate(1968, 11, 29));
     }

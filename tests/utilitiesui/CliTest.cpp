@@ -6,6 +6,7 @@
 #include "Settings.h"
 #include "TestDevice.h"
 
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 
@@ -90,6 +91,42 @@ TEST_F(CliTest, RestoreAndCompactAreRefusedWhileKovalinRunsButBackupIsNot) {
             QString("kovalin-cli: Kovalin is running on this device; close it before running %1.\n").arg(command));
     }
     EXPECT_EQ(cli({"backup"}).code, 0);
+}
+
+TEST_F(CliTest, TablesGoOutAndComeBackAndTheExitStatusSaysWhetherAllWasTaken) {
+    const QString tables = m_device.root() + "/tables";
+    CliResult run = cli({"--user", "Default", "export", "--tables", tables});
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_EQ(QDir(tables).entryList({"*.csv"}).size(), 5);
+    // Ann's day holds her notes: left as it is, which is no failure.
+    run = cli({"--user", "Ann", "import", tables});
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_TRUE(run.out.contains("Upper body: 0 days added, 0 filled, 0 replaced, 1 left as they were")) << run.out.toStdString();
+    run = cli({"--user", "Ann", "import", "--replace", tables});
+    EXPECT_EQ(run.code, 0);
+    EXPECT_EQ(m_store.dump("Kov2FoodAnn").count(" was here"), 1);
+    EXPECT_EQ(m_store.dump("Kov2FoodAnn").count("Ann was here"), 0);
+
+    QFile body(tables + "/body.csv");
+    ASSERT_TRUE(body.open(QIODevice::Append));
+    body.write("2024-03-15,many,,,,,,,,,,,,,,\r\n");
+    body.close();
+    run = cli({"--user", "Ann", "import", "--dry-run", tables});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_TRUE(run.out.contains("body.csv line 3: water \"many\" is not a whole number")) << run.out.toStdString();
+
+    run = cli({"import", m_device.root()});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_TRUE(run.err.startsWith("kovalin-cli: ")) << run.err.toStdString();
+    EXPECT_TRUE(run.err.contains("holds no file Kovalin can import. Known are:"));
+    EXPECT_EQ(cli({"import"}).code, 2);
+    EXPECT_EQ(cli({"backup", "--tables", tables}).code, 2);
+
+    DeviceLock running(m_device.paths().lockFile());
+    ASSERT_EQ(running.acquire(), DWORD(ERROR_SUCCESS));
+    EXPECT_EQ(cli({"import", tables}).err,
+              "kovalin-cli: Kovalin is running on this device; close it before running import.\n");
+    EXPECT_EQ(cli({"import", "--dry-run", tables}).code, 1); // read, and told about the bad row
 }
 
 TEST_F(CliTest, RefusalsAndUsage) {
