@@ -37,7 +37,7 @@ int firstNonUtf8Line(const QByteArray& bytes) {
             end = bytes.size();
         }
         QStringDecoder decoder(QStringDecoder::Utf8);
-        (void)decoder.decode(QByteArrayView(bytes).sliced(start, end - start));
+        const QString text = decoder.decode(QByteArrayView(bytes).sliced(start, end - start));
         if (decoder.hasError()) {
             return line;
         }

@@ -261,10 +261,12 @@ TEST_F(HistoryImportTest, BadInputIsReportedWithFileAndLineAndNoDayIsHalfWritten
     const QByteArray meals = "date,meal,time,protein,carbohydrate,vegetable,other\r\n"
                              "2024-03-01,1,07:00,Eggs,,,\r\n"
                              "2024-03-02,1,07:00,Eggs,,,\r\n";
-    const QByteArray aerobic = "date,exercise_number,exercise,course,distance,heart_rate,start,elapsed,completed,"
-                               "notes" + QByteArray(",m").repeated(20) + "\r\n"
-                               "2024-03-01,1,Run,,,,,,,,,,,,,,,,,,,,,,,,,,,\r\n"
-                               "2024-03-02,1,Run,,,,,,,,,,,,,,,,,,,,,,,,,,,\r\n";
+    QByteArray aerobic = "date,exercise_number,exercise,course,distance,heart_rate,start,elapsed,completed,notes";
+    for (int minute = 1; minute <= 20; ++minute) {
+        aerobic += ",minute_" + QByteArray::number(minute);
+    }
+    const QByteArray rest = QByteArray(27, ',') + "\r\n";
+    aerobic += "\r\n2024-03-01,1,Run" + rest + "2024-03-02,1,Run" + rest;
     const QByteArray workouts = "date,region,start,elapsed,completed,notes\r\n"
                                 "2024-03-01,upper,,,yes,\r\n";
     struct Case {
@@ -283,7 +285,7 @@ TEST_F(HistoryImportTest, BadInputIsReportedWithFileAndLineAndNoDayIsHalfWritten
          "workouts.csv line 3: date \"2023-02-29\" is not a date after 1968", "Kov2AUpperBody", true},
         {"meals.csv", meals + "2024-03-02,16,08:00,Eggs,,,\r\n", "meals.csv line 4: meal \"16\" is not from 1 to 15",
          "Kov2Food", true},
-        {"aerobic.csv", aerobic + "2024-03-02,4,Swim,,,,,,,,,,,,,,,,,,,,,,,,,,,\r\n",
+        {"aerobic.csv", aerobic + "2024-03-02,4,Swim" + rest,
          "aerobic.csv line 4: exercise_number \"4\" is not from 1 to 3", "Kov2Aerobic", true},
         {"sets.csv", sets + "2024-03-02,upper,Chest,13,Press,10,50,,\r\n", "sets.csv line 4: set \"13\" is not from 1 to 12",
          "Kov2AUpperBody", true},
