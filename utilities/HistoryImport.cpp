@@ -170,13 +170,13 @@ QString HistoryImport::reportText(const ImportMerge::Result& result) const {
             line += QStringLiteral(" (they hold entries: %1)").arg(dayRuns(counts.leftDays));
         }
         if (counts.spoiled > 0) {
-            line += QStringLiteral(", %1 not taken").arg(counts.spoiled);
+            line += QStringLiteral(", %1 not taken (a row of each could not be read)").arg(counts.spoiled);
         }
         lines << line + QLatin1Char('.');
     }
     lines << QStringLiteral("Names added to the lists: %1.").arg(result.namesAdded);
     if (!m_history.problems().empty()) {
-        lines << QStringLiteral("Not taken (a day with a row that cannot be read is not written at all):");
+        lines << QStringLiteral("Rows not taken:");
         for (const ImportProblem& problem : m_history.problems()) {
             lines << (problem.line > 0 ? QStringLiteral("%1 line %2: %3").arg(problem.file).arg(problem.line).arg(problem.text)
                                        : QStringLiteral("%1: %2").arg(problem.file, problem.text));
