@@ -179,7 +179,15 @@ void UtilitiesDialog::importHistory() {
     status(outcome.refused    ? QStringLiteral("Nothing imported.")
            : outcome.complete ? QStringLiteral("Import complete.")
                               : QStringLiteral("Imported, with rows left out."));
-    message(outcome.text);
+    // A box holds a screenful; the command line lists every row.
+    constexpr int kShownLines = 16;
+    QStringList lines = outcome.text.split(QLatin1Char('\n'));
+    if (lines.size() > kShownLines) {
+        const qsizetype more = lines.size() - kShownLines;
+        lines = lines.mid(0, kShownLines);
+        lines << QStringLiteral("... and %1 more (kovalin-cli import lists them all).").arg(more);
+    }
+    message(lines.join(QLatin1Char('\n')));
     m_main.RefreshLogPages();
 }
 
