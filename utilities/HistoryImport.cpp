@@ -82,7 +82,7 @@ bool HistoryImport::readFile(const QString& path) {
     CsvProblem refusal;
     if (const auto device = DeviceCsvReader::recognise(name, CsvText::deviceHeaderOf(bytes))) {
         const std::optional<CsvText> text = CsvText::readDevice(bytes, &refusal);
-        m_history.addSource(QStringLiteral("the device's CSV file %1").arg(name));
+        m_history.addSource(QStringLiteral("the device's CSV files"), name);
         DeviceCsvReader(m_history).read(*device, *text, name);
         return true;
     }
@@ -91,7 +91,7 @@ bool HistoryImport::readFile(const QString& path) {
         if (!TidyTables::matches(table, header)) {
             continue;
         }
-        m_history.addSource(QStringLiteral("Kovalin's table %1").arg(name));
+        m_history.addSource(QStringLiteral("Kovalin's tables"), name);
         if (const std::optional<CsvText> text = CsvText::readUtf8(bytes, QLatin1Char(','), &refusal)) {
             m_tables->read(table, *text, name);
         } else {
@@ -101,7 +101,7 @@ bool HistoryImport::readFile(const QString& path) {
     }
     const QChar separator = CsvText::separatorOf(bytes);
     if (const auto foreign = ForeignExports::recognise(CsvText::headerOf(bytes, separator))) {
-        m_history.addSource(QStringLiteral("the %1 export %2").arg(ForeignExports::programName(*foreign), name));
+        m_history.addSource(QStringLiteral("the %1 export").arg(ForeignExports::programName(*foreign)), name);
         if (const std::optional<CsvText> text = CsvText::readUtf8(bytes, separator, &refusal)) {
             ForeignExports(m_history).read(*foreign, *text, name);
         } else {
@@ -131,7 +131,7 @@ HistoryImport::Outcome HistoryImport::run() {
     }
     tables.finish();
     m_tables = nullptr;
-    if (m_history.sources().isEmpty() && m_history.problems().empty()) {
+    if (!m_history.hasSources() && m_history.problems().empty()) {
         outcome.refused = true;
         outcome.text = QStringLiteral("%1 holds no file Kovalin can import. %2")
                            .arg(QDir::toNativeSeparators(m_paths.join(QStringLiteral(", "))), knownShapes());
@@ -153,7 +153,7 @@ HistoryImport::Outcome HistoryImport::run() {
 
 QString HistoryImport::reportText(const ImportMerge::Result& result) const {
     QStringList lines;
-    lines << QStringLiteral("Read %1.").arg(m_history.sources().join(QStringLiteral(", ")));
+    lines << QStringLiteral("Read %1.").arg(m_history.hasSources() ? m_history.sourcesText() : QStringLiteral("nothing"));
     if (!result.ok) {
         lines << result.error;
         return lines.join(QLatin1Char('\n'));

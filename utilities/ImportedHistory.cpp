@@ -22,3 +22,21 @@ void ImportedHistory::addName(const QString& list, const QString& name) {
         m_names[list].insert(name);
     }
 }
+
+void ImportedHistory::addSource(const QString& kind, const QString& file) {
+    for (auto& [known, files] : m_sources) {
+        if (known == kind) {
+            files << file;
+            return;
+        }
+    }
+    m_sources.emplace_back(kind, QStringList{file});
+}
+
+QString ImportedHistory::sourcesText() const {
+    QStringList kinds;
+    for (const auto& [kind, files] : m_sources) {
+        kinds << kind + QStringLiteral(": ") + files.join(QStringLiteral(", "));
+    }
+    return kinds.join(QStringLiteral("; "));
+}

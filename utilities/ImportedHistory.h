@@ -56,9 +56,11 @@ public:
 
     void problem(const QString& file, int line, const QString& text) { m_problems.push_back({file, line, text}); }
     const std::vector<ImportProblem>& problems() const { return m_problems; }
-    // What was read, one line each: "FitNotes export fitnotes.csv".
-    void addSource(const QString& text) { m_sources << text; }
-    const QStringList& sources() const { return m_sources; }
+    // A file read, by the kind of file: "Kovalin's tables", "body.csv".
+    void addSource(const QString& kind, const QString& file);
+    // "Kovalin's tables: body.csv, meals.csv; the FitNotes export: fitnotes.csv".
+    QString sourcesText() const;
+    bool hasSources() const { return !m_sources.empty(); }
 
 private:
     std::array<std::map<QDate, ImportedDay>, kImportLogs> m_days;
@@ -66,5 +68,5 @@ private:
     std::array<std::set<WORD>, kImportLogs> m_carried;
     std::map<QString, std::set<QString>> m_names;
     std::vector<ImportProblem> m_problems;
-    QStringList m_sources;
+    std::vector<std::pair<QString, QStringList>> m_sources;
 };

@@ -125,7 +125,7 @@ TEST_F(UtilitiesDialogTest, ImportBringsTheChosenFilesAndShowsTheReport) {
     EXPECT_EQ(m_status, "Cancelled.");
     ASSERT_EQ(m_boxes.texts().size(), 3);
     EXPECT_EQ(m_boxes.texts()[0], UtilitiesDialog::kImportQuestion);
-    EXPECT_TRUE(m_boxes.texts()[2].startsWith("Read Kovalin's table body.csv.\nUpper body: 0 days added"))
+    EXPECT_TRUE(m_boxes.texts()[2].startsWith("Read Kovalin's tables: body.csv.\nUpper body: 0 days added"))
         << m_boxes.texts()[2].toStdString();
     EXPECT_TRUE(m_boxes.texts()[2].contains("Food and body: 1 days added, 0 filled"));
     EXPECT_EQ(StoredDays(m_device.paths().objectStore()).value("Kov2Food", QDate(2024, 3, 20), 1002, kI2), 170);
