@@ -789,8 +789,8 @@ void ScreenshotTour::tourImport() {
     picture(6, QStringLiteral("import-calendar.png"));
     auto* reports = static_cast<ReportsPage*>(main.page(5));
     main.SelectPage(5);
-    for (const auto& [id, text] : {std::pair{IDC_REPORTS_MEASURE, "Workouts Per Week"},
-                                   std::pair{IDC_REPORTS_PERIOD, "Past Year"}}) {
+    for (const auto& [id, text] :
+         {std::pair{IDC_REPORTS_MEASURE, "Workouts Per Week"}, std::pair{IDC_REPORTS_PERIOD, "Past Year"}}) {
         auto* combo = reports->findChild<QComboBox*>(QStringLiteral("c%1").arg(id));
         combo->setCurrentIndex(combo->findText(QLatin1String(text)));
     }

@@ -42,9 +42,8 @@ const QString UtilitiesDialog::kImportQuestion = QStringLiteral(
 UtilitiesDialog::UtilitiesDialog(MainDialog& main)
     : DeviceDialog(QStringLiteral("UtilitiesDialog"), QStringLiteral("Utilities"), &main), m_main(main) {
     m_chooseFiles = [](QWidget* parent) {
-        return QFileDialog::getOpenFileNames(
-            parent, QStringLiteral("Import a history"), QDir::homePath(),
-            QStringLiteral("Histories (*.csv);;All files (*)"));
+        return QFileDialog::getOpenFileNames(parent, QStringLiteral("Import a history"), QDir::homePath(),
+                                             QStringLiteral("Histories (*.csv);;All files (*)"));
     };
     addButton(IDC_UTIL_BACKUP, QStringLiteral("Backup"), &UtilitiesDialog::backup);
     addButton(IDC_UTIL_RESTORE, QStringLiteral("Restore"), &UtilitiesDialog::restore);

@@ -153,8 +153,8 @@ bool importByHand(DirectStore& direct, const QString& folder, const QString& use
     TablesReader reader(history);
     for (TidyTables::Table table : TidyTables::kAll) {
         CsvProblem refusal;
-        const auto text = CsvText::readUtf8(readAll(QDir(folder).filePath(TidyTables::fileName(table))),
-                                            QLatin1Char(','), &refusal);
+        const auto text =
+            CsvText::readUtf8(readAll(QDir(folder).filePath(TidyTables::fileName(table))), QLatin1Char(','), &refusal);
         if (!text) {
             return false;
         }
@@ -183,7 +183,8 @@ bool importByHand(DirectStore& direct, const QString& folder, const QString& use
                 for (const auto& [number, prop] : i == 0 ? imported.first : imported.second) {
                     record.append(prop);
                 }
-                ok = direct.seekFirstEqual(ids[i], key) == 0 && direct.addRecord(ids[i], key, DirectStore::fromRecord(record)) != 0;
+                ok = direct.seekFirstEqual(ids[i], key) == 0 &&
+                     direct.addRecord(ids[i], key, DirectStore::fromRecord(record)) != 0;
             }
         }
     }

@@ -3,27 +3,27 @@
 #include <QCommandLineParser>
 
 const QStringList& CliOptions::commands() {
-    static const QStringList names = {QStringLiteral("export"), QStringLiteral("import"), QStringLiteral("backup"), QStringLiteral("restore"),
-                                      QStringLiteral("compact"), QStringLiteral("users")};
+    static const QStringList names = {QStringLiteral("export"),  QStringLiteral("import"),  QStringLiteral("backup"),
+                                      QStringLiteral("restore"), QStringLiteral("compact"), QStringLiteral("users")};
     return names;
 }
 
 CliOptions CliOptions::parse(const QStringList& arguments) {
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Kovalin's data utilities without the window.\n\n"
-                       "Commands:\n"
-                       "  export   writes the six CSV files of the user's logs into the device's My Documents;\n"
-                       "           with --tables DIR, the user's whole history as five tidy UTF-8 tables in DIR\n"
-                       "  import PATH\n"
-                       "           brings in a folder or file: Kovalin's tables, the device's CSV files, or the\n"
-                       "           exports of FitNotes, Strong, Hevy and openScale; days that hold entries are\n"
-                       "           left as they are unless --replace; --dry-run writes nothing\n"
-                       "  backup   writes My Documents/<user>.kov\n"
-                       "  restore  replaces the user's logs with those of My Documents/<user>.kov\n"
-                       "  compact  deletes the user's days that hold no entries\n"
-                       "  users    prints the user list, one name a line\n\n"
-                       "Export and backup may run while Kovalin is open on the device; import, restore and compact may not."));
+    parser.setApplicationDescription(QStringLiteral(
+        "Kovalin's data utilities without the window.\n\n"
+        "Commands:\n"
+        "  export   writes the six CSV files of the user's logs into the device's My Documents;\n"
+        "           with --tables DIR, the user's whole history as five tidy UTF-8 tables in DIR\n"
+        "  import PATH\n"
+        "           brings in a folder or file: Kovalin's tables, the device's CSV files, or the\n"
+        "           exports of FitNotes, Strong, Hevy and openScale; days that hold entries are\n"
+        "           left as they are unless --replace; --dry-run writes nothing\n"
+        "  backup   writes My Documents/<user>.kov\n"
+        "  restore  replaces the user's logs with those of My Documents/<user>.kov\n"
+        "  compact  deletes the user's days that hold no entries\n"
+        "  users    prints the user list, one name a line\n\n"
+        "Export and backup may run while Kovalin is open on the device; import, restore and compact may not."));
     const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")},
                                   QStringLiteral("Shows this help."));
     const QCommandLineOption version(QStringLiteral("version"), QStringLiteral("Shows the version."));
@@ -41,8 +41,8 @@ CliOptions CliOptions::parse(const QStringList& arguments) {
                                     QStringLiteral("DIR"));
     const QCommandLineOption dryRun(QStringLiteral("dry-run"),
                                     QStringLiteral("import: reports what would be imported and writes nothing."));
-    const QCommandLineOption replace(QStringLiteral("replace"),
-                                     QStringLiteral("import: days that already hold entries take the imported values."));
+    const QCommandLineOption replace(
+        QStringLiteral("replace"), QStringLiteral("import: days that already hold entries take the imported values."));
     parser.addOptions({help, version, device, user, yes, tables, dryRun, replace});
     parser.addPositionalArgument(QStringLiteral("command"),
                                  QStringLiteral("export, import, backup, restore, compact or users"));

@@ -110,8 +110,7 @@ std::optional<QDate> CellReader::date(int column, DateStyle style) {
 }
 
 std::optional<QTime> CellReader::parseTime(const QString& text) {
-    static const QRegularExpression clock(
-        QStringLiteral("(\\d{1,2}):(\\d{2})(?::(\\d{2}))?\\s*([AaPp][Mm])?$"));
+    static const QRegularExpression clock(QStringLiteral("(\\d{1,2}):(\\d{2})(?::(\\d{2}))?\\s*([AaPp][Mm])?$"));
     const QRegularExpressionMatch match = clock.match(text.trimmed());
     if (!match.hasMatch()) {
         return std::nullopt;

@@ -28,11 +28,14 @@ struct FoodColumn {
 };
 // The day values in the order of their columns, after the date.
 constexpr FoodColumn kFoodColumns[] = {
-    {FoodDayValues::kWater, false},  {FoodDayValues::kWeight, false},       {FoodDayValues::kBodyFat, true},
-    {FoodDayValues::kNotes, false},  {FoodDayValues::kChest, true},         {FoodDayValues::kBiceps, true},
-    {FoodDayValues::kWaist, true},   {FoodDayValues::kQuads, true},         {FoodDayValues::kCalves, true},
-    {FoodDayValues::kSleep, true},   {FoodDayValues::kSleepQuality, false}, {FoodDayValues::kSystolic, false},
-    {FoodDayValues::kDiastolic, false}, {FoodDayValues::kRestingHeartRate, false}, {FoodDayValues::kOverall, false},
+    {FoodDayValues::kWater, false},        {FoodDayValues::kWeight, false},
+    {FoodDayValues::kBodyFat, true},       {FoodDayValues::kNotes, false},
+    {FoodDayValues::kChest, true},         {FoodDayValues::kBiceps, true},
+    {FoodDayValues::kWaist, true},         {FoodDayValues::kQuads, true},
+    {FoodDayValues::kCalves, true},        {FoodDayValues::kSleep, true},
+    {FoodDayValues::kSleepQuality, false}, {FoodDayValues::kSystolic, false},
+    {FoodDayValues::kDiastolic, false},    {FoodDayValues::kRestingHeartRate, false},
+    {FoodDayValues::kOverall, false},
 };
 
 ImportLog logOf(DeviceCsvReader::File kind) {
@@ -187,8 +190,7 @@ void DeviceCsvReader::setText(CellReader& cells, int column, ImportedDay& day, W
     }
 }
 
-void DeviceCsvReader::setStart(CellReader& cells, int column, ImportedDay& day, WORD hour, WORD minute,
-                               WORD second) {
+void DeviceCsvReader::setStart(CellReader& cells, int column, ImportedDay& day, WORD hour, WORD minute, WORD second) {
     if (cells.isEmpty(column)) {
         return;
     }
@@ -280,7 +282,8 @@ void DeviceCsvReader::readFood(CellReader& cells, ImportedDay& day) {
                                                FoodKind::Other};
         for (size_t item = 0; item < items.size(); ++item) {
             setText(cells, column + 1 + static_cast<int>(item), day, items[item]);
-            m_rowNames.push_back({FoodLists::databaseName(kinds[item]), cells.text(column + 1 + static_cast<int>(item))});
+            m_rowNames.push_back(
+                {FoodLists::databaseName(kinds[item]), cells.text(column + 1 + static_cast<int>(item))});
         }
     }
 }

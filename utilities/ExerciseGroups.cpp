@@ -88,8 +88,8 @@ ExerciseGroups::ExerciseGroups() {
     for (BodyRegion region : {BodyRegion::Upper, BodyRegion::Lower}) {
         for (const MuscleGroup& group : MuscleGroup::ofRegion(region)) {
             const NameList list(ExerciseLists::databaseName(group));
-            m_lists.emplace_back(group, list.exists() ? list.items().value_or(QStringList())
-                                                      : ExerciseLists::defaults(group));
+            m_lists.emplace_back(group,
+                                 list.exists() ? list.items().value_or(QStringList()) : ExerciseLists::defaults(group));
         }
     }
 }
@@ -101,9 +101,9 @@ MuscleGroup ExerciseGroups::groupOf(const QString& exercise, const QString& cate
         }
     }
     static const std::pair<const char*, MuscleGroup> categories[] = {
-        {"chest", MuscleGroup(BodyRegion::Upper, kChest)},       {"shoulders", MuscleGroup(BodyRegion::Upper, kShoulders)},
-        {"back", MuscleGroup(BodyRegion::Upper, kBack)},         {"triceps", MuscleGroup(BodyRegion::Upper, kTriceps)},
-        {"biceps", MuscleGroup(BodyRegion::Upper, kBiceps)},     {"abs", MuscleGroup(BodyRegion::Lower, kAbs)},
+        {"chest", MuscleGroup(BodyRegion::Upper, kChest)},   {"shoulders", MuscleGroup(BodyRegion::Upper, kShoulders)},
+        {"back", MuscleGroup(BodyRegion::Upper, kBack)},     {"triceps", MuscleGroup(BodyRegion::Upper, kTriceps)},
+        {"biceps", MuscleGroup(BodyRegion::Upper, kBiceps)}, {"abs", MuscleGroup(BodyRegion::Lower, kAbs)},
     };
     const QString kind = category.trimmed().toLower();
     for (const auto& [name, group] : categories) {

@@ -35,7 +35,7 @@ std::optional<int> durationSeconds(const QString& text) {
     for (auto it = part.globalMatch(text.toLower()); it.hasNext();) {
         const QRegularExpressionMatch match = it.next();
         const int value = match.captured(1).toInt();
-        seconds += match.captured(2) == QStringLiteral("h") ? value * 3600
+        seconds += match.captured(2) == QStringLiteral("h")   ? value * 3600
                    : match.captured(2) == QStringLiteral("m") ? value * 60
                                                               : value;
         any = true;
@@ -161,8 +161,8 @@ QString ForeignExports::programName(Program program) {
 
 void ForeignExports::carry(Program program) {
     if (program == Program::OpenScale) {
-        for (WORD number : {FoodDayValues::kWeight, FoodDayValues::kBodyFat, FoodDayValues::kWaist, FoodDayValues::kChest,
-                            FoodDayValues::kBiceps, FoodDayValues::kQuads}) {
+        for (WORD number : {FoodDayValues::kWeight, FoodDayValues::kBodyFat, FoodDayValues::kWaist,
+                            FoodDayValues::kChest, FoodDayValues::kBiceps, FoodDayValues::kQuads}) {
             m_history.carry(ImportLog::Food, number);
         }
         return;
@@ -206,7 +206,7 @@ void ForeignExports::read(Program program, const CsvText& text, const QString& f
             Row taken = *row;
             taken.day = when->date();
             taken.start = when->time().isValid() && program != Program::FitNotes ? std::optional<QTime>(when->time())
-                                                                                  : std::nullopt;
+                                                                                 : std::nullopt;
             if (program == Program::Hevy) {
                 if (const std::optional<QDateTime> end = dateTimeOf(cells.text(columns.end))) {
                     taken.workoutSeconds = static_cast<int>(when->secsTo(*end));

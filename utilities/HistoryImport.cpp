@@ -32,9 +32,9 @@ QString dayRuns(const std::vector<QDate>& days) {
         while (last + 1 < days.size() && days[last].daysTo(days[last + 1]) == 1) {
             ++last;
         }
-        runs << (last == i ? days[i].toString(Qt::ISODate)
-                           : QStringLiteral("%1 to %2").arg(days[i].toString(Qt::ISODate),
-                                                            days[last].toString(Qt::ISODate)));
+        runs << (last == i
+                     ? days[i].toString(Qt::ISODate)
+                     : QStringLiteral("%1 to %2").arg(days[i].toString(Qt::ISODate), days[last].toString(Qt::ISODate)));
         i = last + 1;
     }
     return runs.join(QStringLiteral(", "));
@@ -153,7 +153,8 @@ HistoryImport::Outcome HistoryImport::run() {
 
 QString HistoryImport::reportText(const ImportMerge::Result& result) const {
     QStringList lines;
-    lines << QStringLiteral("Read %1.").arg(m_history.hasSources() ? m_history.sourcesText() : QStringLiteral("nothing"));
+    lines
+        << QStringLiteral("Read %1.").arg(m_history.hasSources() ? m_history.sourcesText() : QStringLiteral("nothing"));
     if (!result.ok) {
         lines << result.error;
         return lines.join(QLatin1Char('\n'));
@@ -178,8 +179,9 @@ QString HistoryImport::reportText(const ImportMerge::Result& result) const {
     if (!m_history.problems().empty()) {
         lines << QStringLiteral("Rows not taken:");
         for (const ImportProblem& problem : m_history.problems()) {
-            lines << (problem.line > 0 ? QStringLiteral("%1 line %2: %3").arg(problem.file).arg(problem.line).arg(problem.text)
-                                       : QStringLiteral("%1: %2").arg(problem.file, problem.text));
+            lines << (problem.line > 0
+                          ? QStringLiteral("%1 line %2: %3").arg(problem.file).arg(problem.line).arg(problem.text)
+                          : QStringLiteral("%1: %2").arg(problem.file, problem.text));
         }
     }
     if (m_options.dryRun) {

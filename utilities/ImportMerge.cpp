@@ -79,8 +79,8 @@ ImportMerge::Result ImportMerge::run(const ImportedHistory& history) {
         transaction.emplace();
         if (!transaction->isActive()) {
             result.ok = false;
-            result.error = QStringLiteral("The import could not begin (error %1); nothing was written.")
-                               .arg(GetLastError());
+            result.error =
+                QStringLiteral("The import could not begin (error %1); nothing was written.").arg(GetLastError());
             return result;
         }
     }

@@ -48,7 +48,7 @@ int integer(const DbProp* prop) {
         return 0;
     }
     return prop->type() == CEVT_I2 || prop->type() == CEVT_UI2 ? static_cast<int>(prop->toUInt() & 0xFFFF)
-                                                                : static_cast<int>(prop->toInt());
+                                                               : static_cast<int>(prop->toInt());
 }
 
 QString notesCell(const DbProp* prop) {
@@ -200,8 +200,8 @@ bool TablesExport::writeStrength(TableFile& workouts, TableFile& sets, bool uppe
     return !a.failed() && !b.failed();
 }
 
-void TablesExport::addStrengthDay(TableFile& workouts, TableFile& sets, const QDate& day, bool upper,
-                                  const DbRecord& a, const DbRecord* b) {
+void TablesExport::addStrengthDay(TableFile& workouts, TableFile& sets, const QDate& day, bool upper, const DbRecord& a,
+                                  const DbRecord* b) {
     if (!RecordEntries::holdsEntry(LogKind::Strength, a) &&
         (b == nullptr || !RecordEntries::holdsEntry(LogKind::Strength, *b))) {
         return;

@@ -239,8 +239,8 @@ bool TablesReader::readSet(CellReader& cells, const QDate& day, std::optional<Im
         }
     }
     if (!group) {
-        cells.problem(2, QStringLiteral("is not a muscle group of the %1 body").arg(TidyTables::regionName(
-                                                                                    bodyRegion == BodyRegion::Upper)));
+        cells.problem(2, QStringLiteral("is not a muscle group of the %1 body")
+                             .arg(TidyTables::regionName(bodyRegion == BodyRegion::Upper)));
     }
     const std::optional<int> set = cells.integer(3, 1, MuscleGroup::kSets);
     if (cells.isEmpty(3)) {

@@ -156,25 +156,54 @@ TEST_F(HistoryImportTest, TablesWriteEveryValueAsThePagesShowItAndReadItBack) {
         m_store.day(log, QDate(1968, 11, 29));
     }
     m_store.day("Kov2AUpperBody", kDay1,
-                {{102, kI2, 7}, {103, kI2, 5}, {104, kI2, 65}, {1133, kI2, 9}, {105, kUI2, 1},
-                 {1132, kText, "Say \"hi\", then go"}, {106, kText, "Bench Press"}, {107, kText, "10"},
-                 {108, kR8, 82.5}, {109, kText, "2"}, {110, kI2, 7}, {111, kText, ""}, {112, kText, ""},
-                 {113, kR8, 0.0}, {114, kText, ""}, {115, kI2, 0}});
+                {{102, kI2, 7},
+                 {103, kI2, 5},
+                 {104, kI2, 65},
+                 {1133, kI2, 9},
+                 {105, kUI2, 1},
+                 {1132, kText, "Say \"hi\", then go"},
+                 {106, kText, "Bench Press"},
+                 {107, kText, "10"},
+                 {108, kR8, 82.5},
+                 {109, kText, "2"},
+                 {110, kI2, 7},
+                 {111, kText, ""},
+                 {112, kText, ""},
+                 {113, kR8, 0.0},
+                 {114, kText, ""},
+                 {115, kI2, 0}});
     m_store.day("Kov2BUpperBody", kDay1,
                 {{306, kText, "Rows"}, {307, kText, "8"}, {308, kR8, 60.0}, {310, kI2, 5}, {661, kText, "Shrugs"}});
     m_store.day("Kov2AUpperBody", kDay2, {{102, kI2, 9}, {103, kI2, 41}, {1132, kText, kPlaceholder}});
     m_store.day("Kov2BUpperBody", kDay2);
     m_store.day("Kov2Food", kDay1,
-                {{1001, kI2, 0}, {1003, kR8, 18.25}, {1152, kI2, -1}, {1153, kI2, 3}, {1132, kText, kPlaceholder},
-                 {1010, kFileTime, timeOfDay(7, 5)}, {1012, kText, "Eggs"}, {1013, kText, ""}, {1014, kText, ""},
-                 {1015, kText, ""}, {1022, kFileTime, timeOfDay(12, 30)}, {1024, kText, "Tuna, canned"}});
+                {{1001, kI2, 0},
+                 {1003, kR8, 18.25},
+                 {1152, kI2, -1},
+                 {1153, kI2, 3},
+                 {1132, kText, kPlaceholder},
+                 {1010, kFileTime, timeOfDay(7, 5)},
+                 {1012, kText, "Eggs"},
+                 {1013, kText, ""},
+                 {1014, kText, ""},
+                 {1015, kText, ""},
+                 {1022, kFileTime, timeOfDay(12, 30)},
+                 {1024, kText, "Tuna, canned"}});
     m_store.day("Kov2Aerobic", kDay1,
-                {{801, kText, "Running"}, {802, kI2, 3}, {822, kR8, 5.5}, {1136, kI2, 6}, {1138, kI2, 30},
-                 {1140, kI2, 45}, {1134, kI2, 7}, {1144, kUI2, 1}, {1142, kText, "Easy"}});
+                {{801, kText, "Running"},
+                 {802, kI2, 3},
+                 {822, kR8, 5.5},
+                 {1136, kI2, 6},
+                 {1138, kI2, 30},
+                 {1140, kI2, 45},
+                 {1134, kI2, 7},
+                 {1144, kUI2, 1},
+                 {1142, kText, "Easy"}});
 
     ASSERT_TRUE(exportTables("", folder("first")));
-    EXPECT_EQ(contents(folder("first/workouts.csv")), "date,region,start,elapsed,completed,notes\r\n"
-                                                      "2024-03-01,upper,07:05,1:05:09,yes,\"Say \"\"hi\"\", then go\"\r\n");
+    EXPECT_EQ(contents(folder("first/workouts.csv")),
+              "date,region,start,elapsed,completed,notes\r\n"
+              "2024-03-01,upper,07:05,1:05:09,yes,\"Say \"\"hi\"\", then go\"\r\n");
     EXPECT_EQ(contents(folder("first/sets.csv")), "date,region,group,set,exercise,reps,weight,rest,intensity\r\n"
                                                   "2024-03-01,upper,Chest,1,Bench Press,10,82.5,2,7\r\n"
                                                   "2024-03-01,upper,Back,1,Rows,8,60,,5\r\n"
@@ -243,7 +272,8 @@ TEST_F(HistoryImportTest, DaysAreAddedFilledLeftOrReplacedAsTheirLogsHoldEntries
     EXPECT_EQ(m_days.props("Kov2BUpperBody", kDay3), "64:64");
 
     outcome = import("", folder("in"), {false, true});
-    EXPECT_TRUE(outcome.text.contains("Upper body: 0 days added, 0 filled, 3 replaced, 0 left")) << outcome.text.toStdString();
+    EXPECT_TRUE(outcome.text.contains("Upper body: 0 days added, 0 filled, 3 replaced, 0 left"))
+        << outcome.text.toStdString();
     // What the tables do not carry (the B record's sets, as workouts.csv alone is read) stays.
     EXPECT_EQ(m_days.props("Kov2BUpperBody", kDay1), "64:64,306:31");
     EXPECT_EQ(m_store.dump("Kov2AUpperBody").count("'imported'"), 3);
@@ -277,18 +307,18 @@ TEST_F(HistoryImportTest, BadInputIsReportedWithFileAndLineAndNoDayIsHalfWritten
         bool firstDayTaken;
     };
     const std::vector<Case> cases = {
-        {"body.csv", body + "2024-03-02,abc,170,,,,,,,,,,,,,\r\n", "body.csv line 3: water \"abc\" is not a whole number",
-         "Kov2Food", true},
-        {"body.csv", body + "2024-03-02,8,1000,,,,,,,,,,,,,\r\n", "body.csv line 3: weight \"1000\" is not from 0 to 999",
-         "Kov2Food", true},
+        {"body.csv", body + "2024-03-02,abc,170,,,,,,,,,,,,,\r\n",
+         "body.csv line 3: water \"abc\" is not a whole number", "Kov2Food", true},
+        {"body.csv", body + "2024-03-02,8,1000,,,,,,,,,,,,,\r\n",
+         "body.csv line 3: weight \"1000\" is not from 0 to 999", "Kov2Food", true},
         {"workouts.csv", workouts + "2023-02-29,upper,,,yes,\r\n",
          "workouts.csv line 3: date \"2023-02-29\" is not a date after 1968", "Kov2AUpperBody", true},
         {"meals.csv", meals + "2024-03-02,16,08:00,Eggs,,,\r\n", "meals.csv line 4: meal \"16\" is not from 1 to 15",
          "Kov2Food", true},
         {"aerobic.csv", aerobic + "2024-03-02,4,Swim" + rest,
          "aerobic.csv line 4: exercise_number \"4\" is not from 1 to 3", "Kov2Aerobic", true},
-        {"sets.csv", sets + "2024-03-02,upper,Chest,13,Press,10,50,,\r\n", "sets.csv line 4: set \"13\" is not from 1 to 12",
-         "Kov2AUpperBody", true},
+        {"sets.csv", sets + "2024-03-02,upper,Chest,13,Press,10,50,,\r\n",
+         "sets.csv line 4: set \"13\" is not from 1 to 12", "Kov2AUpperBody", true},
         {"sets.csv", sets + "2024-03-02,upper,Chest,2,\"Pre", "sets.csv line 4: ends inside a quoted cell",
          "Kov2AUpperBody", true},
         {"sets.csv", sets + "2024-03-02,upper,Ch", "sets.csv line 4: has 3 cells where the header has 9",
@@ -331,7 +361,8 @@ TEST_F(HistoryImportTest, DeviceFilesCutShortLeaveTheirDayOut) {
 
     HistoryImport::Outcome outcome = import("Ann", folder("device/kovfood.csv"));
     EXPECT_FALSE(outcome.complete);
-    EXPECT_TRUE(outcome.text.contains("kovfood.csv line 3: has 78 of the header's 91 cells")) << outcome.text.toStdString();
+    EXPECT_TRUE(outcome.text.contains("kovfood.csv line 3: has 78 of the header's 91 cells"))
+        << outcome.text.toStdString();
     EXPECT_EQ(m_store.dump("Kov2FoodAnn").count("a, \"quoted\" note"), 1);
     EXPECT_EQ(m_days.propCount("Kov2FoodAnn", kDay2), 0);
     EXPECT_TRUE(import("Ann", folder("missing")).refused);

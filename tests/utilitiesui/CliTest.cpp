@@ -101,7 +101,8 @@ TEST_F(CliTest, TablesGoOutAndComeBackAndTheExitStatusSaysWhetherAllWasTaken) {
     // Ann's day holds her notes: left as it is, which is no failure.
     run = cli({"--user", "Ann", "import", tables});
     EXPECT_EQ(run.code, 0) << run.err.toStdString();
-    EXPECT_TRUE(run.out.contains("Upper body: 0 days added, 0 filled, 0 replaced, 1 left as they were")) << run.out.toStdString();
+    EXPECT_TRUE(run.out.contains("Upper body: 0 days added, 0 filled, 0 replaced, 1 left as they were"))
+        << run.out.toStdString();
     EXPECT_EQ(cli({"--user", "Ann", "import", "--replace", tables}).code, 0);
     EXPECT_EQ(m_store.dump("Kov2FoodAnn").count("Ann was here"), 0);
 
