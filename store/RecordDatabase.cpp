@@ -1,5 +1,7 @@
 #include "RecordDatabase.h"
 
+#include "RecordLimits.h"
+
 namespace {
 CEGUID objectStore() {
     CEGUID guid;
@@ -154,7 +156,12 @@ CEOID RecordDatabase::Write(const DbRecord& record, CEOID oid) {
         SetLastError(ERROR_INVALID_HANDLE);
         return 0;
     }
-    return CeWriteRecordProps(m_handle, oid, record.toPropVals());
+    const std::vector<CEPROPVAL> props = record.toPropVals();
+    if (!RecordLimits::check(props).isEmpty()) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    return CeWriteRecordProps(m_handle, oid, props);
 }
 
 bool RecordDatabase::DeleteRecord(CEOID oid) {

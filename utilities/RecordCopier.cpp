@@ -1,5 +1,6 @@
 #include "RecordCopier.h"
 
+#include "RecordLimits.h"
 #include "UtilityReport.h"
 
 #include <vector>
@@ -29,7 +30,15 @@ bool RecordCopier::copyAll(HANDLE from, HANDLE to, UtilityReport& report) {
 bool RecordCopier::readAll(HANDLE from, UtilityReport& report) {
     std::vector<CEPROPVAL> props;
     while (CeReadRecordProps(from, 0, &props) != 0) {
+        if (const QString reason = RecordLimits::check(props); !reason.isEmpty()) {
+            report.message(overLimits(QStringLiteral("The backup"), reason));
+            return false;
+        }
         report.keepResponsive();
     }
     return GetLastError() == ERROR_NO_MORE_ITEMS;
+}
+
+QString RecordCopier::overLimits(const QString& source, const QString& reason) {
+    return QStringLiteral("%1 holds a record larger than Kovalin keeps (%2). Nothing was changed.").arg(source, reason);
 }

@@ -15,6 +15,10 @@ public:
     // shows "Data access error" and ends the loop; false then.
     static bool copyAll(HANDLE from, HANDLE to, UtilityReport& report);
     // Reads each record of from (opened with CEDB_AUTOINCREMENT) without writing it: true when every
-    // record can be read. Shows nothing.
+    // record can be read and keeps RecordLimits. A record over the limits is told in a message box
+    // that says why, and ends the reading; false then. A read that fails otherwise shows nothing.
     static bool readAll(HANDLE from, UtilityReport& report);
+    // The message for data from outside (source: "The backup") holding a record that breaks the
+    // limits; reason as RecordLimits::check gives it.
+    static QString overLimits(const QString& source, const QString& reason);
 };
