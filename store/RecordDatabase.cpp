@@ -156,6 +156,8 @@ CEOID RecordDatabase::Write(const DbRecord& record, CEOID oid) {
         SetLastError(ERROR_INVALID_HANDLE);
         return 0;
     }
+    // A record over the limits is refused as the device refuses a property too large, and nothing is
+    // written.
     const std::vector<CEPROPVAL> props = record.toPropVals();
     if (!RecordLimits::check(props).isEmpty()) {
         SetLastError(ERROR_INVALID_PARAMETER);

@@ -48,8 +48,7 @@ public:
     // the order of wanted; those the record lacks are left out. One query for a contiguous range of
     // ids, however many records a walk reads: a group's sets, not the whole day.
     bool ReadCurrent(DbRecord& record, const std::vector<CEPROPID>& wanted);
-    // Writes record into record oid (0: a new one); returns the record's identifier or 0. A record
-    // over RecordLimits is refused with ERROR_INVALID_PARAMETER and nothing is written.
+    // Writes record into record oid (0: a new one); returns the record's identifier or 0.
     CEOID Write(const DbRecord& record, CEOID oid);
     bool DeleteRecord(CEOID oid);
     CEOID CurrentRecordId() const { return m_current; }
