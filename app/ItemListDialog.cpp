@@ -4,6 +4,7 @@
 #include "ItemListUserMode.h"
 #include "MessageBox.h"
 #include "NameList.h"
+#include "RecordLimits.h"
 #include "UserList.h"
 #include "resource.h"
 
@@ -50,6 +51,7 @@ ItemListDialog::ItemListDialog(QWidget* parent) : DeviceDialog(QStringLiteral("I
     m_prompt1 = makePrompt(content(), IDC_ITEM_PROMPT1);
     m_edit = new QLineEdit(content());
     m_edit->setObjectName(controlName(IDC_ITEM_EDIT));
+    m_edit->setMaxLength(RecordLimits::kMaxNameLength);
     auto* addButton = new QPushButton(QStringLiteral("Add"), content());
     addButton->setObjectName(controlName(IDC_ITEM_ADD));
     addButton->setAutoDefault(false);

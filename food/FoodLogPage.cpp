@@ -281,8 +281,14 @@ void FoodLogPage::LoadDay() {
 }
 
 void FoodLogPage::SaveDay() {
-    if (!m_showing) {
-        records().SaveDay(m_date, controlValues());
+    if (m_showing) {
+        return;
+    }
+    const FoodRecords food = records();
+    // A write that failed has been told; the page goes back to what the store holds rather than
+    // show as saved what is not. Without a record the save is silent and the values stay.
+    if (!food.SaveDay(m_date, controlValues()) && food.FindDay(m_date) != 0) {
+        LoadDay();
     }
 }
 

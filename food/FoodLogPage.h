@@ -41,7 +41,7 @@ public:
     void ShowDate();
     // Refills the values, the meal list and the counts from the day's record.
     void LoadDay();
-    // Writes the day values as the controls hold them.
+    // Writes the day values as the controls hold them; when the write fails, shows the stored day.
     void SaveDay();
     void AddMeal();
     void EditMeal();

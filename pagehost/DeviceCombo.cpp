@@ -1,5 +1,7 @@
 #include "DeviceCombo.h"
 
+#include "RecordLimits.h"
+
 #include <QEvent>
 #include <QLineEdit>
 #include <QWheelEvent>
@@ -13,6 +15,9 @@ DeviceCombo::DeviceCombo(bool editable, QWidget* parent) : QComboBox(parent) {
     if (editable) {
         setCompleter(nullptr);
         lineEdit()->installEventFilter(this);
+        // What is typed is a name: it never grows past what a record keeps, and a longer stored name
+        // is shown by its start.
+        lineEdit()->setMaxLength(RecordLimits::kMaxNameLength);
     }
 }
 

@@ -2,8 +2,10 @@
 // food database holds is read back with plain SQL.
 
 #include "FoodLogPage.h"
+#include "CeDatabase.h"
 #include "Clock.h"
 #include "DateControl.h"
+#include "FaultyVfs.h"
 #include "FoodRecords.h"
 #include "MessageBox.h"
 #include "NotesEdit.h"
@@ -179,6 +181,26 @@ TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneS
     EXPECT_EQ(stored().propCount(kFood, kToday), 16);
 }
 
+TEST_F(FoodLogPageTest, ASaveThatFailsOnAFullDiskIsToldAndThePageShowsWhatIsStored) {
+    // The store is mounted again through a file system that can be made to fail.
+    CeUnmountObjectStore();
+    FaultyVfs vfs;
+    ASSERT_TRUE(CeMountObjectStore(m_device.paths().objectStore()));
+    showPage();
+    auto* notes = control<NotesEdit>(IDC_FOOD_NOTES);
+    notes->setFocus();
+    QTest::keyClicks(notes, "Slept well");
+    ASSERT_EQ(value(1132, kText).toString(), "Slept well");
+
+    vfs.failCall(FaultyVfs::Call::Write, 1, true);
+    QTest::keyClicks(notes, "!");
+    EXPECT_TRUE(vfs.fired());
+    EXPECT_EQ(m_boxes.texts(), QStringList{"Your change was not saved. Kovalin cannot write to " +
+                                           m_device.paths().objectStore() + ": the disk is full (error 112)."});
+    EXPECT_EQ(notes->notes(), "Slept well");
+    EXPECT_EQ(value(1132, kText).toString(), "Slept well");
+}
+
 TEST_F(FoodLogPageTest, TheSpinsSetWaterAndWeightByOneAndBodyFatByTenths) {
     showPage();
     typeInto(control<NumberEdit>(IDC_FOOD_BODYFAT), "22.4");
@@ -256,33 +278,6 @@ TEST_F(FoodLogPageTest, TheNowButtonTakesTheClocksTimeAndAListButtonRefillsItsLi
     EXPECT_EQ(carbs.value(9), "quinoa");
     EXPECT_EQ(rows(), QStringList{"9:41A||quinoa||"});
     EXPECT_EQ(value(1010, kFileTime).toLongLong(), StoredDays::fileTimeOf(QDate(1968, 11, 29), QTime(9, 41, 12, 12)));
-}
-
-TEST_F(FoodLogPageTest, ASixteenthMealIsRefusedAndAMealThatCannotBeReadIsNotEdited) {
-    const FoodRecords food(kFood);
-    ASSERT_TRUE(food.EnsureDatabase());
-    ASSERT_NE(food.CreateDay(kToday), 0u);
-    for (int slot = 0; slot < 15; ++slot) {
-        Meal meal;
-        meal.time = QTime(6 + slot, 0);
-        meal.protein = QStringLiteral("Egg Whites");
-        ASSERT_TRUE(food.PutMeal(kToday, slot, meal));
-    }
-    showPage();
-    ASSERT_EQ(rows().size(), 15);
-    EXPECT_EQ(counts(), "15 0 0");
-    const QString before = stored().props(kFood, kToday);
-    answerMealDialog({}, {"Tuna"});
-    trigger(ID_FOOD_ADDMEAL);
-    EXPECT_EQ(m_boxes.texts(), QStringList{"Max meals exceeded for this day"});
-    EXPECT_EQ(stored().props(kFood, kToday), before);
-    EXPECT_EQ(rows().size(), 15);
-
-    // A meal deleted behind the page's back cannot be read for editing.
-    m_boxes.clear();
-    ASSERT_TRUE(food.DeleteMeal(kToday, 14));
-    holdAndChoose(14, ID_FOOD_EDITMEAL);
-    EXPECT_EQ(m_boxes.texts(), QStringList{"Error accessing food database on item Edit"});
 }
 
 TEST_F(FoodLogPageTest, ADateChangedHereMovesTheOtherPagesOnlyWhenCkDateIs1) {

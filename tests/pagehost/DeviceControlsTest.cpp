@@ -299,7 +299,7 @@ TEST_F(ControlTest, TheUpDownStepsFromTheTypedValueAndStopsAtItsEnds) {
     EXPECT_EQ(fat->value(), 0);
 }
 
-TEST_F(ControlTest, RatingsHaveNoChoiceAndNotesLoseThePlaceholderOnFocus) {
+TEST_F(ControlTest, RatingsHaveNoChoiceAndNotesLoseThePlaceholderOnFocusAndKeepToTheNoteLimit) {
     auto* rating = place(new RatingCombo(nullptr), 40);
     EXPECT_EQ(rating->count(), 11);
     rating->setRating(10);
@@ -319,4 +319,14 @@ TEST_F(ControlTest, RatingsHaveNoChoiceAndNotesLoseThePlaceholderOnFocus) {
     leave();
     EXPECT_EQ(left.count(), 1);
     EXPECT_EQ(notes->notes(), "Felt strong");
+
+    // A note stored longer than a note may be is shown by its first 10000 characters, and typing
+    // stops there.
+    const QString longest = QString(10000, u'a');
+    notes->setNotes(longest + u'b');
+    EXPECT_EQ(notes->notes(), longest);
+    notes->setFocus();
+    notes->moveCursor(QTextCursor::End);
+    QTest::keyClicks(notes, "c");
+    EXPECT_EQ(notes->notes(), longest);
 }
