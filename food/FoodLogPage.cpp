@@ -251,13 +251,17 @@ bool FoodLogPage::handleCommand(int command) {
 
 // --- The day --------------------------------------------------------------------------------------
 
-void FoodLogPage::ShowDate() {
+void FoodLogPage::showDate(bool keepValues) {
     bool created = false;
     const std::optional<FoodDay> day = records().ShowDay(m_date, &created);
     if (created) {
-        // A new day keeps the values shown apart from the notes; they reach its record with the next
-        // change. It has no meals yet.
-        FoodDayValues values = controlValues();
+        // A new day keeps the values shown apart from the notes, or starts with nothing chosen; they
+        // reach its record with the next change. It has no meals yet.
+        FoodDayValues values = keepValues ? controlValues() : FoodDayValues();
+        if (!keepValues) {
+            values.overall = FoodDayValues::kNoChoice;
+            values.sleepQuality = FoodDayValues::kNoChoice;
+        }
         values.notes = kNotesPlaceholder;
         showValues(values);
         showMeals(FoodDay());
