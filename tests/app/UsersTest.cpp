@@ -282,7 +282,6 @@ TEST_F(UsersTest, AUserSwitchedToKeepsOnlyWhatIsTypedOnHisOwnNewDayOnEveryPage) 
     food.systolic = 120;
     food.diastolic = 80;
     food.overall = 7;
-    food.notes = QStringLiteral("Default's day");
     const FoodRecords defaultFood("Kov2Food");
     ASSERT_TRUE(defaultFood.EnsureDatabase() && defaultFood.CreateDay(today) != 0 && defaultFood.SaveDay(today, food));
     WorkoutHeader header;
