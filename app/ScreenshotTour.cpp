@@ -57,15 +57,21 @@
 namespace {
 // The screens written again at scales 2 and 3: where texts are wrapped, cut or drawn small, and where
 // lists open.
-const QStringList kScaledShots = {
-    QStringLiteral("today-summary.png"),          QStringLiteral("set-grid.png"),
-    QStringLiteral("set-grid-exercise-list.png"), QStringLiteral("set-grid-picked.png"),
-    QStringLiteral("set-grid-weight-restored.png"), QStringLiteral("food-meals.png"),
-    QStringLiteral("item-list-added.png"),        QStringLiteral("aerobic-intensity-list.png"),
-    QStringLiteral("reports-measure-list.png"),   QStringLiteral("reports-past-week.png"),
-    QStringLiteral("reports-four-weeks.png"),     QStringLiteral("reports-body-weight-year.png"),
-    QStringLiteral("reports-workouts-per-week-year.png"), QStringLiteral("photo.png"),
-    QStringLiteral("utilities-cancelled.png")};
+const QStringList kScaledShots = {QStringLiteral("today-summary.png"),
+                                  QStringLiteral("set-grid.png"),
+                                  QStringLiteral("set-grid-exercise-list.png"),
+                                  QStringLiteral("set-grid-picked.png"),
+                                  QStringLiteral("set-grid-weight-restored.png"),
+                                  QStringLiteral("food-meals.png"),
+                                  QStringLiteral("item-list-added.png"),
+                                  QStringLiteral("aerobic-intensity-list.png"),
+                                  QStringLiteral("reports-measure-list.png"),
+                                  QStringLiteral("reports-past-week.png"),
+                                  QStringLiteral("reports-four-weeks.png"),
+                                  QStringLiteral("reports-body-weight-year.png"),
+                                  QStringLiteral("reports-workouts-per-week-year.png"),
+                                  QStringLiteral("photo.png"),
+                                  QStringLiteral("utilities-cancelled.png")};
 
 const QStringList kTabNames = {QStringLiteral("today"),   QStringLiteral("upper-body"), QStringLiteral("lower-body"),
                                QStringLiteral("aerobic"), QStringLiteral("food"),       QStringLiteral("reports"),
@@ -439,7 +445,8 @@ void ScreenshotTour::tourStrength() {
             m_failed.append(QStringLiteral("no item list editor"));
             return;
         }
-        editor->findChild<QLineEdit*>(QStringLiteral("c%1").arg(IDC_ITEM_EDIT))->setText(QStringLiteral("Cable Crossover"));
+        editor->findChild<QLineEdit*>(QStringLiteral("c%1").arg(IDC_ITEM_EDIT))
+            ->setText(QStringLiteral("Cable Crossover"));
         save(grabScreen(), QStringLiteral("item-list.png"));
         tapStart(editor->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDC_ITEM_ADD)));
         type(QApplication::focusWidget(), QStringLiteral("Pec Deck"));
@@ -873,8 +880,8 @@ void ScreenshotTour::save(const QImage& image, const QString& name) {
     if (m_scale > 1 && !kScaledShots.contains(name)) {
         return;
     }
-    const QString file = m_scale > 1 ? QString(name).replace(QStringLiteral(".png"), QStringLiteral("-x%1.png").arg(m_scale))
-                                     : name;
+    const QString file =
+        m_scale > 1 ? QString(name).replace(QStringLiteral(".png"), QStringLiteral("-x%1.png").arg(m_scale)) : name;
     const QString path = QDir(m_directory).filePath(file);
     if (image.save(path, "PNG")) {
         m_written.append(file);

@@ -194,9 +194,9 @@ QWidget* FoodLogPage::createForm() {
         widestDigit = std::max(widestDigit, metrics.horizontalAdvance(QLatin1Char(digit)));
     }
     // "12:59P": four digits, the colon and the marker, and a pixel for rounding.
-    const int widestTime = 4 * widestDigit + metrics.horizontalAdvance(QLatin1Char(':')) +
-                           std::max(metrics.horizontalAdvance(QLatin1Char('A')), metrics.horizontalAdvance(QLatin1Char('P'))) +
-                           1;
+    const int widestTime =
+        4 * widestDigit + metrics.horizontalAdvance(QLatin1Char(':')) +
+        std::max(metrics.horizontalAdvance(QLatin1Char('A')), metrics.horizontalAdvance(QLatin1Char('P'))) + 1;
     const int timeWidth =
         std::max(kColumns[0].width, widestTime + ListCellDelegate::kTextInset + ListCellDelegate::kGap);
     m_list->header()->resizeSection(0, timeWidth);

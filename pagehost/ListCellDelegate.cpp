@@ -24,7 +24,8 @@ void ListCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->setClipRect(cell.rect);
     painter->setFont(cell.font);
     painter->setPen(cell.palette.color(group, role));
-    painter->drawText(cell.rect.adjusted(kTextInset, 0, -kGap, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+    painter->drawText(cell.rect.adjusted(kTextInset, 0, -kGap, 0),
+                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                       shownText(text, cell.font, cell.rect.width()));
     painter->restore();
 }

@@ -23,7 +23,7 @@ TEST_F(DropDownsTest, AListOpensInsideTheScreenBelowTheNavigationBar) {
     const struct {
         int tab; // -1: the set-entry grid of the chest
         int id;
-    } boxes[] = {{5, IDC_REPORTS_MEASURE}, {5, IDC_REPORTS_PERIOD},     {3, IDC_AEROBIC_MINUTES[19]},
+    } boxes[] = {{5, IDC_REPORTS_MEASURE},  {5, IDC_REPORTS_PERIOD},    {3, IDC_AEROBIC_MINUTES[19]},
                  {3, IDC_AEROBIC_EXERCISE}, {4, IDC_FOOD_SLEEPQUALITY}, {-1, IDC_GRID_ROWS[9][0]},
                  {-1, IDC_GRID_ROWS[9][5]}};
     for (const auto& b : boxes) {
@@ -38,8 +38,8 @@ TEST_F(DropDownsTest, AListOpensInsideTheScreenBelowTheNavigationBar) {
         ASSERT_NE(box, nullptr) << b.id;
         box->showPopup();
         const QRect list = box->view()->window()->geometry();
-        EXPECT_TRUE(screenArea.contains(list)) << b.id << ": " << list.x() << "," << list.y() << " " << list.width()
-                                               << "x" << list.height();
+        EXPECT_TRUE(screenArea.contains(list))
+            << b.id << ": " << list.x() << "," << list.y() << " " << list.width() << "x" << list.height();
         box->hidePopup();
     }
 }
