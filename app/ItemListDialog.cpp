@@ -118,12 +118,11 @@ void ItemListDialog::closeHandingBack(const QString& name) {
 
 void ItemListDialog::add() {
     const QString text = m_edit->text();
-    if (text.isEmpty()) {
-        return;
-    }
-    if (addText(text)) {
+    if (!text.isEmpty() && addText(text)) {
         m_edit->clear();
     }
+    // The next name is typed straight away, with no tap on the edit box first.
+    m_edit->setFocus();
 }
 
 bool ItemListDialog::addText(const QString& text) {

@@ -105,7 +105,7 @@ void UtilitiesDialog::backup() {
 void UtilitiesDialog::restore() {
     status(QStringLiteral("Restoring..."));
     if (!askYesNo(Restore::question(m_main.currentUserName()))) {
-        status(kCancelled);
+        cancelled();
         return;
     }
     running([this] { Restore::run(m_main.currentUserName(), *this); });
@@ -123,7 +123,7 @@ void UtilitiesDialog::deleteAllData() {
     request.text = DeleteAllData::question();
     request.yesBox = true;
     if (!m_main.confirm(request).confirmed) {
-        status(kCancelled);
+        cancelled();
         message(QStringLiteral("Operation cancelled"));
         return;
     }
@@ -139,7 +139,7 @@ void UtilitiesDialog::deleteAllData() {
 void UtilitiesDialog::exportData() {
     status(QStringLiteral("Exporting..."));
     if (!askYesNo(ExportRunner::question())) {
-        status(kCancelled);
+        cancelled();
         return;
     }
     running([this] { ExportRunner::run(m_main.currentUserName(), *this); });
@@ -148,6 +148,12 @@ void UtilitiesDialog::exportData() {
 void UtilitiesDialog::importData() {
     running([this] { Version1Import::run(m_main.currentUserName(), *this); });
     m_main.RefreshLogPages();
+}
+
+void UtilitiesDialog::cancelled() {
+    status(kCancelled);
+    // Nothing ran: a bar left full by the operation before would say otherwise.
+    m_progress->setValue(m_progress->minimum());
 }
 
 void UtilitiesDialog::help() {

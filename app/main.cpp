@@ -112,7 +112,7 @@ int main(int argc, char* argv[]) {
     // Everything is laid out in device pixels; the scale makes them desktop pixels.
     if (!line.screenshotsDir.isEmpty()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
-        qputenv("QT_SCALE_FACTOR", "1");
+        qputenv("QT_SCALE_FACTOR", QByteArray::number(line.scaleGiven ? line.scale : 1));
     } else if (line.scaleGiven || !qEnvironmentVariableIsSet("QT_SCALE_FACTOR")) {
         qputenv("QT_SCALE_FACTOR", QByteArray::number(line.scale));
     }
@@ -123,7 +123,7 @@ int main(int argc, char* argv[]) {
     DeviceFonts::install();
     KovalinApp::setDialogColours();
     if (!line.screenshotsDir.isEmpty()) {
-        return ScreenshotTour(line.screenshotsDir).run();
+        return ScreenshotTour(line.screenshotsDir, line.scaleGiven ? line.scale : 1).run();
     }
     return runOnDevice(line);
 }

@@ -7,6 +7,7 @@
 #include "DateControl.h"
 #include "FaultyVfs.h"
 #include "FoodRecords.h"
+#include "ListCellDelegate.h"
 #include "MessageBox.h"
 #include "NotesEdit.h"
 #include "NumberEdit.h"
@@ -22,6 +23,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -226,6 +228,17 @@ TEST_F(FoodLogPageTest, MealsAreAddedEditedAndDeletedThroughTheListMenusAndTheMe
     EXPECT_EQ(stored().props(kFood, kToday, 1010, 1015), "1010:64,1012:31,1013:31,1014:31,1015:31");
     EXPECT_EQ(value(1010, kFileTime).toLongLong(), StoredDays::fileTimeOf(QDate(1968, 11, 29), QTime(7, 5, 12, 12)));
     EXPECT_EQ(value(1012, kText).toString(), "Greek Yogurt");
+    // The columns fill the list and stay apart: the widest time shows whole, a longer name is cut with
+    // an ellipsis before the next column.
+    auto* list = control<QTreeWidget>(IDC_FOOD_MEALS);
+    int columns = 0;
+    for (int column = 0; column < FoodLogPage::kColumnCount; ++column) {
+        columns += list->header()->sectionSize(column);
+    }
+    EXPECT_EQ(columns, list->viewport()->width());
+    EXPECT_EQ(ListCellDelegate::shownText("12:00P", list->font(), list->header()->sectionSize(0)), "12:00P");
+    EXPECT_EQ(ListCellDelegate::shownText("Greek Yogurt", list->font(), list->header()->sectionSize(1)).back(),
+              QChar(0x2026));
 
     // The tool bar's "Add Meal": a meal with every text empty is stored with empty strings.
     answerMealDialog({}, {});

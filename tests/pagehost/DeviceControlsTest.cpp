@@ -269,6 +269,7 @@ TEST_F(ControlTest, NumbersOutOfRangeOrNotNumbersAreRefusedWithThePlatformsMessa
             EXPECT_EQ(m_boxes.texts(), QStringList{QString::fromLatin1(c.message)}) << c.typed;
             EXPECT_EQ(c.edit->value(), 7) << c.typed;
             EXPECT_EQ(c.edit->text(), "7");
+            EXPECT_TRUE(c.edit->hasFocus()) << "the field is put right before the person moves on";
             EXPECT_EQ(changes.count(), 0);
         } else {
             EXPECT_TRUE(m_boxes.texts().isEmpty()) << c.typed;
