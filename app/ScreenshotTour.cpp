@@ -38,6 +38,9 @@
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
@@ -360,6 +363,7 @@ void ScreenshotTour::tourPages() {
     tourOverview();
     tourReports();
     tourUtilities();
+    tourImport();
     tourUsers();
     QApplication::quit();
 }
@@ -797,6 +801,114 @@ void ScreenshotTour::tourUtilities() {
         dialog->accept();
     });
     command(ID_MENU_UTILITIES);
+}
+
+namespace {
+// A week of FitNotes history, as its Spreadsheet Export writes it: the shared sample, moved to a
+// week before the history the reports chart.
+const char* const kFitNotesWeek =
+    "Date,Exercise,Category,Weight (kgs),Reps,Distance,Distance Unit,Time,Comment\n"
+    "2023-12-11,Flat Barbell Bench Press,Chest,80.0,8,,,,\n"
+    "2023-12-11,Flat Barbell Bench Press,Chest,85.0,6,,,,\"felt strong, slight elbow pain\"\n"
+    "2023-12-11,Flat Barbell Bench Press,Chest,85.0,5,,,,\n"
+    "2023-12-11,Incline Dumbbell Press,Chest,30.0,10,,,,\n"
+    "2023-12-11,Barbell Row,Back,70.0,8,,,,\n"
+    "2023-12-11,Barbell Row,Back,70.0,8,,,,\n"
+    "2023-12-11,Cable Crunch,Abs,40.0,15,,,,\n"
+    "2023-12-13,Barbell Squat,Legs,100.0,5,,,,\n"
+    "2023-12-13,Barbell Squat,Legs,100.0,5,,,,\n"
+    "2023-12-13,Romanian Deadlift,Legs,90.0,8,,,,\n"
+    "2023-12-13,Standing Calf Raise,Legs,60.0,12,,,,\n"
+    "2023-12-13,Treadmill,Cardio,,,5.0,km,0:28:30,\n"
+    "2023-12-15,Overhead Press,Shoulders,45.0,6,,,,\n"
+    "2023-12-15,Dumbbell Curl,Biceps,14.0,10,,,,\n"
+    "2023-12-15,Tricep Pushdown,Triceps,25.0,12,,,,\n"
+    "2023-12-15,Cycling,Cardio,,,20.0,km,0:45:00,Easy ride\n";
+} // namespace
+
+void ScreenshotTour::tourImport() {
+    QTemporaryDir desktop;
+    const QString sample = desktop.filePath(QStringLiteral("fitnotes.csv"));
+    QFile file(sample);
+    // Version 1 data on the device, so that Import offers the choice.
+    if (!file.open(QIODevice::WriteOnly) || file.write(kFitNotesWeek) < 0 ||
+        !RecordDatabase::Create(QStringLiteral("KovUpperBody"), RecordDatabase::kDatabaseType, DayKey::kPropId)) {
+        m_failed.append(QStringLiteral("cannot write the FitNotes sample"));
+        return;
+    }
+    file.close();
+    QTimer::singleShot(0, this, [this, sample] {
+        auto* dialog = m_app->screen().findChild<UtilitiesDialog*>(QStringLiteral("UtilitiesDialog"));
+        if (dialog == nullptr) {
+            m_failed.append(QStringLiteral("no Utilities dialog"));
+            return;
+        }
+        dialog->setFileChooser([this, sample](QWidget* parent) {
+            QFileDialog files(parent, QStringLiteral("Import a history"), QFileInfo(sample).path(),
+                              QStringLiteral("Histories (*.csv);;All files (*)"));
+            files.setOption(QFileDialog::DontUseNativeDialog);
+            files.setWindowFlag(Qt::Window);
+            files.resize(520, 330);
+            files.selectFile(sample);
+            QTimer::singleShot(50, &files, [this, &files] {
+                save(grabDesktop(&files), QStringLiteral("import-file-dialog.png"));
+                static_cast<QDialog&>(files).accept();
+            });
+            return files.exec() == QDialog::Accepted ? files.selectedFiles() : QStringList();
+        });
+        // The choice, answered No (files); then, once the file is read, the report.
+        whenVisible(QStringLiteral("DeviceMessageBox"), [this](QDialog* box) {
+            save(grabScreen(), QStringLiteral("import-choice.png"));
+            box->reject();
+            QTimer::singleShot(0, this, [this] {
+                whenVisible(QStringLiteral("DeviceMessageBox"), [this](QDialog* report) {
+                    save(grabScreen(), QStringLiteral("import-report.png"));
+                    report->accept();
+                });
+            });
+        });
+        dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDC_UTIL_IMPORT))->click();
+        dialog->accept();
+    });
+    command(ID_MENU_UTILITIES);
+    RecordDatabase version1;
+    if (version1.Open(QStringLiteral("KovUpperBody"))) {
+        version1.DeleteDatabase();
+    }
+
+    MainDialog& main = m_app->screen().mainDialog();
+    main.SetDateOnAllPages(QDate(2023, 12, 11));
+    auto picture = [this, &main](int page, const QString& name) {
+        main.SelectPage(page);
+        QApplication::processEvents();
+        save(grabScreen(), name);
+    };
+    picture(1, QStringLiteral("import-upper-body.png"));
+    picture(6, QStringLiteral("import-calendar.png"));
+    auto* reports = static_cast<ReportsPage*>(main.page(5));
+    main.SelectPage(5);
+    for (const auto& [id, text] : {std::pair{IDC_REPORTS_MEASURE, "Workouts Per Week"},
+                                   std::pair{IDC_REPORTS_PERIOD, "Past Year"}}) {
+        auto* combo = reports->findChild<QComboBox*>(QStringLiteral("c%1").arg(id));
+        combo->setCurrentIndex(combo->findText(QLatin1String(text)));
+    }
+    picture(5, QStringLiteral("import-reports.png"));
+    main.SetDateOnAllPages(Clock::now().date());
+    main.SelectPage(0);
+}
+
+QImage ScreenshotTour::grabDesktop(QWidget* window) const {
+    const QImage screen = grabScreen();
+    const QPixmap dialog = window->grab();
+    const QPoint at(screen.width() - 90, 40);
+    QImage desktop(std::max(screen.width(), at.x() + dialog.width()) + 16,
+                   std::max(screen.height(), at.y() + dialog.height()) + 16, QImage::Format_RGB32);
+    desktop.fill(QColor(0x3b, 0x4a, 0x5c));
+    QPainter painter(&desktop);
+    painter.drawImage(8, 8, screen);
+    painter.fillRect(QRect(at + QPoint(10, 10), dialog.size()), QColor(0, 0, 0, 90)); // its shadow
+    painter.drawPixmap(at, dialog);
+    return desktop;
 }
 
 void ScreenshotTour::whenVisible(const QString& dialogName, const std::function<void(QDialog*)>& act) {

@@ -60,6 +60,12 @@ private:
     // The Utilities dialog: idle, a backup under way, its closing message and the dialog after it, the
     // restore question and the delete confirmation.
     void tourUtilities();
+    // Import: the choice between version 1 data and files, the desktop's file dialog over the device
+    // screen, the report after the FitNotes sample came in, and the imported week on the upper-body
+    // page, the calendar and the reports.
+    void tourImport();
+    // The device screen on a piece of desktop with window drawn over it, as a person sees the two.
+    QImage grabDesktop(QWidget* window) const;
     // Acts on the dialog of that name once it is up, however long that takes.
     void whenVisible(const QString& dialogName, const std::function<void(QDialog*)>& act);
     // A tap on the first field of target, and keys typed into it as a person types them.

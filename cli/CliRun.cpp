@@ -8,9 +8,11 @@
 #include "DevicePaths.h"
 #include "ErrorMessage.h"
 #include "ExportRunner.h"
+#include "HistoryImport.h"
 #include "RegistryHelper.h"
 #include "Restore.h"
 #include "Settings.h"
+#include "TablesExport.h"
 #include "UserList.h"
 
 #include <QFile>
@@ -38,7 +40,9 @@ int CliRun::exec() {
         return fail(QStringLiteral("There is no Kovalin device in %1 (it has no objectstore.db).").arg(paths.root()));
     }
     std::unique_ptr<DeviceLock> lock;
-    if (m_options.command == QStringLiteral("restore") || m_options.command == QStringLiteral("compact")) {
+    // An import writes the logs as restore and compact do; a dry run only reads them.
+    const bool importing = m_options.command == QStringLiteral("import") && !m_options.dryRun;
+    if (m_options.command == QStringLiteral("restore") || m_options.command == QStringLiteral("compact") || importing) {
         lock = std::make_unique<DeviceLock>(paths.lockFile());
         if (const DWORD error = lock->acquire(); error == ERROR_SHARING_VIOLATION) {
             return fail(refusedLock(DeviceLock::holder(paths.lockFile())));
@@ -86,8 +90,18 @@ int CliRun::runCommand(const QString& user) {
         }
     }
     bool done = false;
-    if (command == QStringLiteral("export")) {
+    if (command == QStringLiteral("export") && !m_options.tablesFolder.isEmpty()) {
+        done = TablesExport(user, m_options.tablesFolder).run(report);
+    } else if (command == QStringLiteral("export")) {
         done = ExportRunner::run(user, report);
+    } else if (command == QStringLiteral("import")) {
+        const HistoryImport::Outcome outcome =
+            HistoryImport(user, m_options.importPath, {m_options.dryRun, m_options.replace}).run();
+        if (outcome.refused) {
+            return fail(outcome.text);
+        }
+        std::printf("%s\n", qPrintable(outcome.text));
+        done = outcome.complete;
     } else if (command == QStringLiteral("backup")) {
         done = Backup::run(user, report);
     } else if (command == QStringLiteral("restore")) {
