@@ -88,13 +88,6 @@ protected:
                    "p.value)")
             .toString();
     }
-    int databaseCount(const QString& user) const {
-        return SqlReader(m_device.paths().objectStore())
-            .value("SELECT count(*) FROM databases WHERE name IN ('Kov2AUpperBody' || ?1, 'Kov2BUpperBody' || ?1, "
-                   "'Kov2ALowerBody' || ?1, 'Kov2BLowerBody' || ?1, 'Kov2Food' || ?1, 'Kov2Aerobic' || ?1)",
-                   {user})
-            .toInt();
-    }
     // The day's values in db that are not empty, 0, "no choice" or the notes placeholder, as
     // "number=value" in id order (the key left out).
     QString valuesOf(const QString& db, const QDate& day) const {
