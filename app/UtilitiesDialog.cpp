@@ -116,7 +116,7 @@ void UtilitiesDialog::backup() {
 void UtilitiesDialog::restore() {
     status(QStringLiteral("Restoring..."));
     if (!askYesNo(Restore::question(m_main.currentUserName()))) {
-        status(kCancelled);
+        cancelled();
         return;
     }
     running([this] { Restore::run(m_main.currentUserName(), *this); });
@@ -134,7 +134,7 @@ void UtilitiesDialog::deleteAllData() {
     request.text = DeleteAllData::question();
     request.yesBox = true;
     if (!m_main.confirm(request).confirmed) {
-        status(kCancelled);
+        cancelled();
         message(QStringLiteral("Operation cancelled"));
         return;
     }
@@ -150,7 +150,7 @@ void UtilitiesDialog::deleteAllData() {
 void UtilitiesDialog::exportData() {
     status(QStringLiteral("Exporting..."));
     if (!askYesNo(ExportRunner::question())) {
-        status(kCancelled);
+        cancelled();
         return;
     }
     running([this] { ExportRunner::run(m_main.currentUserName(), *this); });
@@ -165,12 +165,18 @@ void UtilitiesDialog::importData() {
     m_main.RefreshLogPages();
 }
 
+void UtilitiesDialog::cancelled() {
+    status(kCancelled);
+    // Nothing ran: a bar left full by the operation before would say otherwise.
+    m_progress->setValue(m_progress->minimum());
+}
+
 void UtilitiesDialog::importHistory() {
     status(QStringLiteral("Importing..."));
     // One or more files: all of a folder's brings the folder.
     const QStringList paths = m_chooseFiles(this);
     if (paths.isEmpty()) {
-        status(kCancelled);
+        cancelled();
         return;
     }
     HistoryImport::Outcome outcome;

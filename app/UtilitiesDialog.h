@@ -56,6 +56,7 @@ private:
     // Runs an operation with the buttons off, so that the events handled meanwhile start nothing.
     template <typename Operation> void running(Operation&& operation);
     bool askYesNo(const QString& text);
+    void cancelled();
     void importHistory();
 
     MainDialog& m_main;

@@ -82,8 +82,9 @@ void copyDatabase(sqlite3* db, const QString& source, const QString& from, qint6
                   qint64* base) {
     // A log's records all hold their key: its order is then the index's (db, sort_key, oid).
     const QString order = byKey ? "r.db, r.sort_key, r.oid" : "r.oid";
-    exec(db, QStringLiteral("DROP TABLE IF EXISTS temp.map; CREATE TEMP TABLE map (old INTEGER PRIMARY KEY, new "
-                            "INTEGER); INSERT INTO map SELECT r.oid, %1 + row_number() OVER (ORDER BY %2) FROM "
+    // Keyed on the new id, so that the copies below walk it in the new order with no sort.
+    exec(db, QStringLiteral("DROP TABLE IF EXISTS temp.map; CREATE TEMP TABLE map (new INTEGER PRIMARY KEY, old "
+                            "INTEGER); INSERT INTO map (old, new) SELECT r.oid, %1 + row_number() OVER (ORDER BY %2) FROM "
                             "%3.records r WHERE r.db = (SELECT oid FROM %3.databases WHERE name = '%4')")
                  .arg(*base)
                  .arg(order, source, from));

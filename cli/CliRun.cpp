@@ -24,6 +24,15 @@ int CliRun::fail(const QString& text) {
     return 1;
 }
 
+QString CliRun::refusedLock(const QString& holder) const {
+    if (holder.startsWith(kHolderPrefix)) {
+        return QStringLiteral("Another command (kovalin-cli %1) is running on this device; run %2 when it has "
+                              "finished.")
+            .arg(holder.mid(kHolderPrefix.size()), m_options.command);
+    }
+    return QStringLiteral("Kovalin is running on this device; close it before running %1.").arg(m_options.command);
+}
+
 int CliRun::exec() {
     const DevicePaths paths(DevicePaths::resolve(m_options.device));
     // The command line works on a device Kovalin has made; it never makes one.
@@ -36,11 +45,11 @@ int CliRun::exec() {
     if (m_options.command == QStringLiteral("restore") || m_options.command == QStringLiteral("compact") || importing) {
         lock = std::make_unique<DeviceLock>(paths.lockFile());
         if (const DWORD error = lock->acquire(); error == ERROR_SHARING_VIOLATION) {
-            return fail(QStringLiteral("Kovalin is running on this device; close it before running %1.")
-                            .arg(m_options.command));
+            return fail(refusedLock(DeviceLock::holder(paths.lockFile())));
         } else if (error != ERROR_SUCCESS) {
             return fail(ErrorMessage::forPath(paths.lockFile(), error));
         }
+        lock->describe(kHolderPrefix + m_options.command);
     }
     DevicePaths::setCurrent(paths);
     if (!CeMountObjectStore(paths.objectStore())) {
@@ -67,6 +76,10 @@ int CliRun::runCommand(const QString& user) {
             std::printf("%s\n", qPrintable(name));
         }
         return 0;
+    }
+    // The user list's row for adding a user is in the list, but it is no one.
+    if (user == UserList::kAddNewUser) {
+        return fail(QStringLiteral("\"%1\" is the row for adding a user, not a user.").arg(user));
     }
     // A user named on the command line must be one of the device's users, so that a mistyped name
     // never creates logs for nobody.

@@ -3,11 +3,30 @@
 #include "PropertyCodec.h"
 #include "Volume.h"
 
+#include <map>
+#include <string>
+#include <vector>
+
 namespace {
 const char* const kReadProps = "SELECT propid, value FROM props WHERE record = ?1 ORDER BY propid";
 const char* const kSortValue = "SELECT value FROM props WHERE record = ?1 AND propid = ?2";
 const char* const kAddRecord = "INSERT INTO records (oid, db, sort_key) VALUES (?1, ?2, ?3)";
-const char* const kAddProp = "INSERT INTO props (record, propid, value) VALUES (?1, ?2, ?3)";
+// Properties go in many rows a statement: one statement a row would cost more than the row.
+constexpr int kRowsPerInsert = 64;
+
+// "INSERT INTO props ... VALUES (?1, ?, ?), ..." for n rows, kept for as long as the process runs
+// (a volume caches its statements by the text's address).
+const char* addPropsSql(int n) {
+    static std::map<int, std::string> texts;
+    std::string& text = texts[n];
+    if (text.empty()) {
+        text = "INSERT INTO props (record, propid, value) VALUES (?1, ?, ?)";
+        for (int i = 1; i < n; ++i) {
+            text += ", (?1, ?, ?)";
+        }
+    }
+    return text.c_str();
+}
 
 bool isKnownPropid(std::int64_t propid) {
     return propid >= 0 && propid <= 0xFFFFFFFFll && PropertyCodec::isKnownType(LOWORD(propid));
@@ -26,15 +45,14 @@ void bindStored(sqlite3_stmt* to, int index, sqlite3_stmt* from, int column, CEP
 
 DWORD RecordCopy::copy(CEOID oid, int* rows) {
     *rows = 0;
-    DWORD error = ERROR_SUCCESS;
     SqlStatement* read = m_from.statement(kReadProps);
-    SqlStatement* add = m_to.statement(kAddProp);
-    if (read == nullptr || add == nullptr) {
+    if (read == nullptr) {
         return ERROR_BADDB;
     }
     SqlStatement::Scope readScope(*read);
     read->bindInt(1, oid);
     CEOID made = 0;
+    DWORD error = ERROR_SUCCESS;
     int result = SQLITE_ROW;
     while (error == ERROR_SUCCESS && (result = read->step()) == SQLITE_ROW) {
         const std::int64_t stored = read->columnInt(0);
@@ -46,16 +64,51 @@ DWORD RecordCopy::copy(CEOID oid, int* rows) {
         if (made == 0) {
             error = addRecord(oid, &made);
         }
-        SqlStatement::Scope addScope(*add);
-        add->bindInt(1, made);
-        add->bindInt(2, propid);
-        bindStored(add->handle(), 3, read->handle(), 1, propid);
-        if (error == ERROR_SUCCESS) {
-            error = add->execute();
+        m_pending.push_back({propid, TypeFromPropID(propid) == CEVT_R8
+                                         ? nullptr
+                                         : sqlite3_value_dup(sqlite3_column_value(read->handle(), 1)),
+                             sqlite3_column_double(read->handle(), 1)});
+        if (error == ERROR_SUCCESS && m_pending.size() == kRowsPerInsert) {
+            error = flush(made);
         }
         ++*rows;
     }
+    if (error == ERROR_SUCCESS) {
+        error = flush(made);
+    }
+    discardPending();
     return error != ERROR_SUCCESS ? error : SqlStatement::errorFor(result);
+}
+
+DWORD RecordCopy::flush(CEOID record) {
+    if (m_pending.empty()) {
+        return ERROR_SUCCESS;
+    }
+    SqlStatement* add = m_to.statement(addPropsSql(static_cast<int>(m_pending.size())));
+    if (add == nullptr) {
+        return ERROR_BADDB;
+    }
+    SqlStatement::Scope scope(*add);
+    add->bindInt(1, record);
+    int index = 2;
+    for (const Pending& row : m_pending) {
+        add->bindInt(index++, row.propid);
+        if (row.value == nullptr) { // an R8: the REAL it reads as, even when kept as a whole number
+            sqlite3_bind_double(add->handle(), index++, row.number);
+        } else {
+            sqlite3_bind_value(add->handle(), index++, row.value);
+        }
+    }
+    const DWORD error = add->execute();
+    discardPending();
+    return error;
+}
+
+void RecordCopy::discardPending() {
+    for (const Pending& row : m_pending) {
+        sqlite3_value_free(row.value);
+    }
+    m_pending.clear();
 }
 
 DWORD RecordCopy::addEmpty() {
@@ -64,7 +117,13 @@ DWORD RecordCopy::addEmpty() {
 }
 
 DWORD RecordCopy::addRecord(CEOID source, CEOID* oid) {
-    DWORD error = m_to.allocateObjectId(oid);
+    // Ids are taken a block at a time: ids of a block that go unused are never given out.
+    DWORD error = ERROR_SUCCESS;
+    if (m_nextId == m_endOfIds) {
+        error = m_to.allocateObjectIds(kIdsPerBlock, &m_nextId);
+        m_endOfIds = error == ERROR_SUCCESS ? m_nextId + kIdsPerBlock : m_nextId;
+    }
+    *oid = m_nextId++;
     SqlStatement* add = m_to.statement(kAddRecord);
     SqlStatement* sortValue = m_from.statement(kSortValue);
     if (error != ERROR_SUCCESS || add == nullptr || sortValue == nullptr) {

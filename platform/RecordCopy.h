@@ -7,11 +7,18 @@
 #include "DatabaseInfo.h"
 #include "WinTypes.h"
 
+#include <sqlite3.h>
+
+#include <vector>
+
 class Volume;
 
 class RecordCopy {
 public:
     RecordCopy(Volume& from, Volume& to, const DatabaseInfo& target) : m_from(from), m_to(to), m_target(target) {}
+    ~RecordCopy() { discardPending(); }
+    RecordCopy(const RecordCopy&) = delete;
+    RecordCopy& operator=(const RecordCopy&) = delete;
 
     // Copies the properties of record oid of the source as a new record of the target. *rows is the
     // number read: 0 for a record without properties, or one that is gone (then nothing is made).
@@ -24,6 +31,21 @@ public:
 private:
     // A new record of the target for the record source of the source (0: an empty one).
     DWORD addRecord(CEOID source, CEOID* oid);
+    // Writes the properties read so far into record, in one statement.
+    DWORD flush(CEOID record);
+    void discardPending();
+
+    // A property read and not yet written: its stored value (copied out of the read statement), or
+    // for an R8 the number it reads as.
+    struct Pending {
+        CEPROPID propid;
+        sqlite3_value* value;
+        double number;
+    };
+    std::vector<Pending> m_pending;
+    static constexpr DWORD kIdsPerBlock = 256;
+    CEOID m_nextId = 0;
+    CEOID m_endOfIds = 0;
 
     Volume& m_from;
     Volume& m_to;

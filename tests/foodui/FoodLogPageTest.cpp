@@ -2,9 +2,12 @@
 // food database holds is read back with plain SQL.
 
 #include "FoodLogPage.h"
+#include "CeDatabase.h"
 #include "Clock.h"
 #include "DateControl.h"
+#include "FaultyVfs.h"
 #include "FoodRecords.h"
+#include "ListCellDelegate.h"
 #include "MessageBox.h"
 #include "NotesEdit.h"
 #include "NumberEdit.h"
@@ -20,6 +23,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -179,6 +183,26 @@ TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneS
     EXPECT_EQ(stored().propCount(kFood, kToday), 16);
 }
 
+TEST_F(FoodLogPageTest, ASaveThatFailsOnAFullDiskIsToldAndThePageShowsWhatIsStored) {
+    // The store is mounted again through a file system that can be made to fail.
+    CeUnmountObjectStore();
+    FaultyVfs vfs;
+    ASSERT_TRUE(CeMountObjectStore(m_device.paths().objectStore()));
+    showPage();
+    auto* notes = control<NotesEdit>(IDC_FOOD_NOTES);
+    notes->setFocus();
+    QTest::keyClicks(notes, "Slept well");
+    ASSERT_EQ(value(1132, kText).toString(), "Slept well");
+
+    vfs.failCall(FaultyVfs::Call::Write, 1, true);
+    QTest::keyClicks(notes, "!");
+    EXPECT_TRUE(vfs.fired());
+    EXPECT_EQ(m_boxes.texts(), QStringList{"Your change was not saved. Kovalin cannot write to " +
+                                           m_device.paths().objectStore() + ": the disk is full (error 112)."});
+    EXPECT_EQ(notes->notes(), "Slept well");
+    EXPECT_EQ(value(1132, kText).toString(), "Slept well");
+}
+
 TEST_F(FoodLogPageTest, TheSpinsSetWaterAndWeightByOneAndBodyFatByTenths) {
     showPage();
     typeInto(control<NumberEdit>(IDC_FOOD_BODYFAT), "22.4");
@@ -204,6 +228,17 @@ TEST_F(FoodLogPageTest, MealsAreAddedEditedAndDeletedThroughTheListMenusAndTheMe
     EXPECT_EQ(stored().props(kFood, kToday, 1010, 1015), "1010:64,1012:31,1013:31,1014:31,1015:31");
     EXPECT_EQ(value(1010, kFileTime).toLongLong(), StoredDays::fileTimeOf(QDate(1968, 11, 29), QTime(7, 5, 12, 12)));
     EXPECT_EQ(value(1012, kText).toString(), "Greek Yogurt");
+    // The columns fill the list and stay apart: the widest time shows whole, a longer name is cut with
+    // an ellipsis before the next column.
+    auto* list = control<QTreeWidget>(IDC_FOOD_MEALS);
+    int columns = 0;
+    for (int column = 0; column < FoodLogPage::kColumnCount; ++column) {
+        columns += list->header()->sectionSize(column);
+    }
+    EXPECT_EQ(columns, list->viewport()->width());
+    EXPECT_EQ(ListCellDelegate::shownText("12:00P", list->font(), list->header()->sectionSize(0)), "12:00P");
+    EXPECT_EQ(ListCellDelegate::shownText("Greek Yogurt", list->font(), list->header()->sectionSize(1)).back(),
+              QChar(0x2026));
 
     // The tool bar's "Add Meal": a meal with every text empty is stored with empty strings.
     answerMealDialog({}, {});
@@ -256,33 +291,6 @@ TEST_F(FoodLogPageTest, TheNowButtonTakesTheClocksTimeAndAListButtonRefillsItsLi
     EXPECT_EQ(carbs.value(9), "quinoa");
     EXPECT_EQ(rows(), QStringList{"9:41A||quinoa||"});
     EXPECT_EQ(value(1010, kFileTime).toLongLong(), StoredDays::fileTimeOf(QDate(1968, 11, 29), QTime(9, 41, 12, 12)));
-}
-
-TEST_F(FoodLogPageTest, ASixteenthMealIsRefusedAndAMealThatCannotBeReadIsNotEdited) {
-    const FoodRecords food(kFood);
-    ASSERT_TRUE(food.EnsureDatabase());
-    ASSERT_NE(food.CreateDay(kToday), 0u);
-    for (int slot = 0; slot < 15; ++slot) {
-        Meal meal;
-        meal.time = QTime(6 + slot, 0);
-        meal.protein = QStringLiteral("Egg Whites");
-        ASSERT_TRUE(food.PutMeal(kToday, slot, meal));
-    }
-    showPage();
-    ASSERT_EQ(rows().size(), 15);
-    EXPECT_EQ(counts(), "15 0 0");
-    const QString before = stored().props(kFood, kToday);
-    answerMealDialog({}, {"Tuna"});
-    trigger(ID_FOOD_ADDMEAL);
-    EXPECT_EQ(m_boxes.texts(), QStringList{"Max meals exceeded for this day"});
-    EXPECT_EQ(stored().props(kFood, kToday), before);
-    EXPECT_EQ(rows().size(), 15);
-
-    // A meal deleted behind the page's back cannot be read for editing.
-    m_boxes.clear();
-    ASSERT_TRUE(food.DeleteMeal(kToday, 14));
-    holdAndChoose(14, ID_FOOD_EDITMEAL);
-    EXPECT_EQ(m_boxes.texts(), QStringList{"Error accessing food database on item Edit"});
 }
 
 TEST_F(FoodLogPageTest, ADateChangedHereMovesTheOtherPagesOnlyWhenCkDateIs1) {

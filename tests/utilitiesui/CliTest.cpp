@@ -80,7 +80,7 @@ TEST_F(CliTest, BackupTakesTheLastUserOrTheUserNamedAndRestoreAsksFirst) {
     EXPECT_EQ(m_store.dump("Kov2FoodAnn").count("Ann was here"), 1);
 }
 
-TEST_F(CliTest, RestoreAndCompactAreRefusedWhileKovalinRunsButBackupIsNot) {
+TEST_F(CliTest, RestoreAndCompactAreRefusedWhileKovalinOrAnotherCommandRunsButBackupIsNot) {
     DeviceLock running(m_device.paths().lockFile());
     ASSERT_EQ(running.acquire(), DWORD(ERROR_SUCCESS));
     for (const char* command : {"restore", "compact"}) {
@@ -91,6 +91,10 @@ TEST_F(CliTest, RestoreAndCompactAreRefusedWhileKovalinRunsButBackupIsNot) {
             QString("kovalin-cli: Kovalin is running on this device; close it before running %1.\n").arg(command));
     }
     EXPECT_EQ(cli({"backup"}).code, 0);
+    // The lock as a restore of the command line holds it.
+    running.describe("kovalin-cli restore");
+    EXPECT_EQ(cli({"compact"}).err, "kovalin-cli: Another command (kovalin-cli restore) is running on this device; "
+                                    "run compact when it has finished.\n");
 }
 
 TEST_F(CliTest, TablesGoOutAndComeBackAndTheExitStatusSaysWhetherAllWasTaken) {
@@ -133,6 +137,11 @@ TEST_F(CliTest, RefusalsAndUsage) {
     EXPECT_EQ(run.code, 1);
     EXPECT_EQ(run.err, "kovalin-cli: There is no user named \"Bob\" on this device.\n");
     EXPECT_FALSE(QFile::exists(backup("Bob")));
+    // The list's row for adding a user is in the list, and no one.
+    run = cli({"--user", "<add new user>", "backup"});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.err, "kovalin-cli: \"<add new user>\" is the row for adding a user, not a user.\n");
+    EXPECT_FALSE(QFile::exists(backup("<add new user>")));
 
     run = cli({"--device", m_device.root() + "/elsewhere", "backup"});
     EXPECT_EQ(run.code, 1);
