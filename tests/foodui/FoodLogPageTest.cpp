@@ -16,6 +16,7 @@
 #include "TapAndHold.h"
 #include "TimeControl.h"
 #include "UpDownControl.h"
+#include "VolumeFiles.h"
 #include "resource.h"
 
 #include <QApplication>
@@ -283,6 +284,15 @@ TEST_F(FoodLogPageTest, ASixteenthMealIsRefusedAndAMealThatCannotBeReadIsNotEdit
     ASSERT_TRUE(food.DeleteMeal(kToday, 14));
     holdAndChoose(14, ID_FOOD_EDITMEAL);
     EXPECT_EQ(m_boxes.texts(), QStringList{"Error accessing food database on item Edit"});
+
+    // Deleting from a day whose record is gone says so once, and the list stays as it was.
+    m_boxes.clear();
+    VolumeFiles::runSql(m_device.paths().objectStore(),
+                        "PRAGMA foreign_keys = ON; DELETE FROM records WHERE db = (SELECT oid FROM databases "
+                        "WHERE name = 'Kov2Food')");
+    holdAndChoose(0, ID_FOOD_DELETEMEAL);
+    EXPECT_EQ(m_boxes.texts(), QStringList{"Error accessing food db on item delete"});
+    EXPECT_EQ(rows().size(), 15);
 }
 
 TEST_F(FoodLogPageTest, ADateChangedHereMovesTheOtherPagesOnlyWhenCkDateIs1) {
