@@ -7,7 +7,7 @@
 // of days and exercises for both; the ratio store / sqlite must stay at most 2.
 
 #include "AerobicRecords.h"
-#include "BenchDevice.h"
+#include "BenchMain.h"
 #include "DayKey.h"
 #include "DirectStore.h"
 #include "RatioRunner.h"
@@ -160,26 +160,17 @@ void registerCases(RatioRunner& runner, const Workload& workload, DirectStore& d
         "save_exercise", [&](State& state) { saveExerciseStore(state, workload); },
         [&](State& state) { saveExerciseSqlite(state, workload, direct); }, kLimit);
 }
-
-int fail(const QString& text) {
-    std::fprintf(stderr, "AerobicBench: %s\n", qPrintable(text));
-    return 1;
-}
 } // namespace
 
 int main(int argc, char** argv) {
-    RatioRunner runner(argc, argv);
-    BenchDevice device;
-    if (!device.create()) {
-        return fail(device.errorText());
+    BenchMain bench(argc, argv);
+    if (!bench.start()) {
+        return 1;
     }
     Workload workload;
     workload.aerobic = DatabaseCatalogue::userDatabaseName(UserDatabase::Aerobic, DeviceGenerator::userName(0));
-    makeJobs(device.generator(), workload);
-    DirectStore direct(device.objectStorePath());
-    if (!direct.open()) {
-        return fail(direct.errorText());
-    }
+    makeJobs(bench.device().generator(), workload);
+    DirectStore& direct = bench.direct();
     // Both ways see the same days: two exercises each.
     const AerobicRecords records(workload.aerobic);
     for (int i = 0; i < 16; ++i) {
@@ -188,9 +179,9 @@ int main(int argc, char** argv) {
         DirectRecord props;
         if (!day || !showDayByHand(direct, workload.aerobic, job.key, props) ||
             exercisesByHand(props) != kGeneratedExercises || day->exerciseCount() != kGeneratedExercises) {
-            return fail(QStringLiteral("The aerobic records and the baseline read different days."));
+            return bench.fail(QStringLiteral("The aerobic records and the baseline read different days."));
         }
     }
-    registerCases(runner, workload, direct);
-    return runner.run();
+    registerCases(bench.runner(), workload, direct);
+    return bench.run();
 }

@@ -7,7 +7,7 @@
 // Each through the food records (…_store) and through DirectStore (…_sqlite), the same sequence of
 // days, values and meals for both; the ratio store / sqlite must stay at most 2.
 
-#include "BenchDevice.h"
+#include "BenchMain.h"
 #include "DayKey.h"
 #include "DirectStore.h"
 #include "FoodRecords.h"
@@ -207,29 +207,20 @@ void registerCases(RatioRunner& runner, const Workload& workload, DirectStore& d
         "put_meal", [&](State& state) { putMealStore(state, workload); },
         [&](State& state) { writeSqlite<MealJob>(state, workload.meals, workload.food, direct); }, kLimit);
 }
-
-int fail(const QString& text) {
-    std::fprintf(stderr, "FoodBench: %s\n", qPrintable(text));
-    return 1;
-}
 } // namespace
 
 int main(int argc, char** argv) {
-    RatioRunner runner(argc, argv);
-    BenchDevice device;
-    if (!device.create()) {
-        return fail(device.errorText());
+    BenchMain bench(argc, argv);
+    if (!bench.start()) {
+        return 1;
     }
     Workload workload;
     workload.food = DatabaseCatalogue::userDatabaseName(UserDatabase::Food, DeviceGenerator::userName(0));
-    makeJobs(device.generator(), workload);
+    makeJobs(bench.device().generator(), workload);
     if (!fillMeals(workload)) {
-        return fail(QStringLiteral("The fifteen meals of the days shown could not be put."));
+        return bench.fail(QStringLiteral("The fifteen meals of the days shown could not be put."));
     }
-    DirectStore direct(device.objectStorePath());
-    if (!direct.open()) {
-        return fail(direct.errorText());
-    }
+    DirectStore& direct = bench.direct();
     // Both ways see the same day: as many properties read, fifteen meals.
     const FoodRecords records(workload.food);
     for (int i = 0; i < 16; ++i) {
@@ -238,9 +229,9 @@ int main(int argc, char** argv) {
         DirectRecord props;
         if (!day || !showDayByHand(direct, workload.food, job.key, props) || mealTimes(props) != Meal::kSlots ||
             day->meals().size() != Meal::kSlots) {
-            return fail(QStringLiteral("The food records and the baseline read different days."));
+            return bench.fail(QStringLiteral("The food records and the baseline read different days."));
         }
     }
-    registerCases(runner, workload, direct);
-    return runner.run();
+    registerCases(bench.runner(), workload, direct);
+    return bench.run();
 }

@@ -9,7 +9,7 @@
 #include "Settings.h"
 #include "ShellPageFactory.h"
 #include "ShellTestSupport.h"
-#include "SqlDayWriter.h"
+#include "SqlLogWriter.h"
 #include "StoredDays.h"
 #include "StrengthLogPage.h"
 #include "resource.h"
@@ -22,8 +22,8 @@
 namespace {
 const QDate kToday(2024, 3, 14);
 
-SqlDayWriter::Prop text(int number, const QString& value) {
-    return SqlDayWriter::text(number, value);
+SqlLogWriter::Prop text(int number, const QString& value) {
+    return SqlLogWriter::text(number, value);
 }
 
 class OverviewPagesTest : public ShellTest {
@@ -55,14 +55,14 @@ protected:
     }
 
     ShellPageFactory m_pages;
-    SqlDayWriter m_sql{m_device.paths().objectStore()};
+    SqlLogWriter m_sql{m_device.paths().objectStore()};
 };
 } // namespace
 
 TEST_F(OverviewPagesTest, TodayTapsOpenThePagesOfTheirBoxes) {
-    m_sql.addDay("Kov2Aerobic", kToday, {text(701, "Run")});
-    m_sql.addDay("Kov2AUpperBody", kToday, {text(106, "Bench")});
-    m_sql.addDay("Kov2Food", kToday, {SqlDayWriter::mealTime(1010, 18, 0), text(1012, "Steak")});
+    m_sql.writeDay("Kov2Aerobic", kToday, {text(701, "Run")});
+    m_sql.writeDay("Kov2AUpperBody", kToday, {text(106, "Bench")});
+    m_sql.writeDay("Kov2Food", kToday, {SqlLogWriter::mealTime(1010, 18, 0), text(1012, "Steak")});
     startProgram();
     ASSERT_TRUE(waitUntil([this] { return today().workoutText() == "Run, Upper Body, Lower Body"; }));
     EXPECT_EQ(today().nextMealText(), "Steak");
@@ -82,8 +82,8 @@ TEST_F(OverviewPagesTest, TodayTapsOpenThePagesOfTheirBoxes) {
 }
 
 TEST_F(OverviewPagesTest, TodayConvertsTheEarlierLogAtStartAndRedrawsOnItsButton) {
-    m_sql.addDay("Kov2UpperBody", QDate(2003, 5, 6), {text(106, "Bench"), text(306, "Row")});
-    m_sql.addDay("Kov2Food", kToday, {SqlDayWriter::mealTime(1010, 10, 1), text(1012, "Tuna")});
+    m_sql.writeDay("Kov2UpperBody", QDate(2003, 5, 6), {text(106, "Bench"), text(306, "Row")});
+    m_sql.writeDay("Kov2Food", kToday, {SqlLogWriter::mealTime(1010, 10, 1), text(1012, "Tuna")});
     startProgram();
     EXPECT_EQ(StoredDays(m_device.paths().objectStore()).props("Kov2BUpperBody", QDate(2003, 5, 6)), "64:64,306:31");
     EXPECT_EQ(stored("UpConv").toInt(), 1);
@@ -97,10 +97,10 @@ TEST_F(OverviewPagesTest, TodayConvertsTheEarlierLogAtStartAndRedrawsOnItsButton
 
 TEST_F(OverviewPagesTest, CalendarJumpsToTheDayOnThePageOfItsEntry) {
     const QDate both(2024, 3, 5), lower(2024, 3, 7), leading(2024, 2, 27);
-    m_sql.addDay("Kov2AUpperBody", both, {text(106, "Bench")});
-    m_sql.addDay("Kov2Aerobic", both, {text(701, "Run")});
-    m_sql.addDay("Kov2ALowerBody", lower, {text(106, "Squat")});
-    m_sql.addDay("Kov2AUpperBody", leading, {text(106, "Dips")});
+    m_sql.writeDay("Kov2AUpperBody", both, {text(106, "Bench")});
+    m_sql.writeDay("Kov2Aerobic", both, {text(701, "Run")});
+    m_sql.writeDay("Kov2ALowerBody", lower, {text(106, "Squat")});
+    m_sql.writeDay("Kov2AUpperBody", leading, {text(106, "Dips")});
     startProgram();
 
     // One entry, CkDate off: straight to the page, and only the target page moves to the day.
