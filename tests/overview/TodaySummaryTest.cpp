@@ -71,7 +71,8 @@ TEST_F(TodaySummaryTest, WorkoutTextFollowsThePartCounter) {
 
     // Only the first Chest set counts: a first visit's header, a later set, a Shoulders set do not.
     const QDate header = kToday.addDays(2);
-    m_sql.writeDay(kUpperA, header, {{102, SqlLogWriter::kI2, 9}, text(106, ""), text(111, "Flyes"), text(206, "Press")});
+    m_sql.writeDay(kUpperA, header,
+                   {{102, SqlLogWriter::kI2, 9}, text(106, ""), text(111, "Flyes"), text(206, "Press")});
     m_sql.writeDay("Kov2ALowerBodyAnn", header, {text(106, "Squat")});
     EXPECT_EQ(workout(header), "No workout scheduled");
 }

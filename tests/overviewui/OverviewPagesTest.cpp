@@ -99,6 +99,7 @@ TEST_F(OverviewPagesTest, CalendarJumpsToTheDayOnThePageOfItsEntry) {
     const QDate both(2024, 3, 5), lower(2024, 3, 7), leading(2024, 2, 27);
     m_sql.writeDay("Kov2AUpperBody", both, {text(106, "Bench")});
     m_sql.writeDay("Kov2Aerobic", both, {text(701, "Run")});
+    m_sql.writeDay("Kov2BLowerBody", both, {text(306, "Calf Raises")});
     m_sql.writeDay("Kov2ALowerBody", lower, {text(106, "Squat")});
     m_sql.writeDay("Kov2AUpperBody", leading, {text(106, "Dips")});
     startProgram();
@@ -117,10 +118,10 @@ TEST_F(OverviewPagesTest, CalendarJumpsToTheDayOnThePageOfItsEntry) {
     QTest::mouseClick(&calendar(), Qt::LeftButton, {}, cellOf(QDate(2024, 3, 9)));
     EXPECT_EQ(tab(), 6);
 
-    // Two entries: the pop-up offers them in order; dismissed, nothing happens.
+    // More entries: the pop-up offers them in order; dismissed, nothing happens.
     QStringList shown;
     holdAndChoose(&calendar(), cellOf(both), 0, &shown);
-    EXPECT_EQ(shown, QStringList({"Upper Body", "Aerobic"}));
+    EXPECT_EQ(shown, QStringList({"Upper Body", "Lower Body", "Aerobic"}));
     EXPECT_EQ(tab(), 6);
     // With CkDate on every page moves to the day.
     setNumber(Settings::kCkDate, 1);

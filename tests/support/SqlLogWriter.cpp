@@ -78,11 +78,16 @@ qint64 SqlLogWriter::addRecord(qint64 database, const QVariant& key) {
     return record;
 }
 
+void SqlLogWriter::writeLog(const QString& log) {
+    database(log, StoredDays::propId(64, kFileTime));
+}
+
 void SqlLogWriter::writeDay(const QString& log, const QDate& day, const std::vector<Prop>& props) {
     exec("BEGIN IMMEDIATE");
     const qint64 key = StoredDays::keyOf(day);
     const qint64 record = addRecord(database(log, StoredDays::propId(64, kFileTime)), key);
-    exec("INSERT INTO props (record, propid, value) VALUES (?, ?, ?)", {record, StoredDays::propId(64, kFileTime), key});
+    exec("INSERT INTO props (record, propid, value) VALUES (?, ?, ?)",
+         {record, StoredDays::propId(64, kFileTime), key});
     for (const Prop& prop : props) {
         exec("INSERT INTO props (record, propid, value) VALUES (?, ?, ?)",
              {record, StoredDays::propId(prop.number, prop.type), prop.value});

@@ -28,7 +28,9 @@ public:
     SqlLogWriter(const SqlLogWriter&) = delete;
     SqlLogWriter& operator=(const SqlLogWriter&) = delete;
 
-    // The day's record in log (made when missing: type 12345, sorted on the day key), holding props.
+    // The dated log, empty (made when missing: type 12345, sorted on the day key).
+    void writeLog(const QString& log);
+    // The day's record in log (made when missing), holding props.
     void writeDay(const QString& log, const QDate& day, const std::vector<Prop>& props);
     // A name list (sorted on property 801) holding items.
     void writeList(const QString& list, const QStringList& items);
