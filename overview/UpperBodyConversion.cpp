@@ -7,6 +7,7 @@
 #include "RecordDatabase.h"
 #include "RegistryHelper.h"
 #include "Settings.h"
+#include "VolumeTransaction.h"
 
 namespace {
 // Groups 2 to 5 of the upper body: the B record's block.
@@ -62,15 +63,26 @@ UpperBodyConversion::Outcome UpperBodyConversion::runOnce(const QString& aName, 
         return outcome;
     }
     outcome.ran = true;
-    RecordDatabase source;
-    RecordDatabase a;
-    RecordDatabase b;
-    outcome.done = DatabaseCatalogue::ensureDatedLog(aName) && DatabaseCatalogue::ensureDatedLog(bName) &&
-                   source.Open(kSourceName) && a.Open(aName, DayKey::kPropId) && b.Open(bName, DayKey::kPropId) &&
-                   convertDays(source, a, b, outcome);
-    if (outcome.done) {
-        RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, kDoneValue, 1);
-    } else {
+    {
+        // The days and the mark that they were taken are one transaction: all of them, or none.
+        VolumeTransaction transaction;
+        RecordDatabase source;
+        RecordDatabase a;
+        RecordDatabase b;
+        outcome.done = transaction.isActive() && DatabaseCatalogue::ensureDatedLog(aName) &&
+                       DatabaseCatalogue::ensureDatedLog(bName) && source.Open(kSourceName) &&
+                       a.Open(aName, DayKey::kPropId) && b.Open(bName, DayKey::kPropId) &&
+                       convertDays(source, a, b, outcome);
+        if (outcome.done) {
+            RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, kDoneValue, 1);
+        }
+        source.Close();
+        a.Close();
+        b.Close();
+        outcome.done = outcome.done && transaction.commit();
+    }
+    if (!outcome.done) {
+        outcome.converted = 0; // rolled back: nothing was written
         MessageBoxW(owner, kFailedText, QStringLiteral("Kovalin"), MB_OK | MB_ICONERROR);
     }
     return outcome;

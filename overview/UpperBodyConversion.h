@@ -8,9 +8,9 @@
 // 5). A day that the pair already holds, in either database, is left as the pair has it. The
 // earlier release knew no users, so its days go to the Default user's pair (the bare names).
 //
-// The source is never changed. Once every day has been taken, the registry value UpConv is set to
-// 1 and the conversion never runs again; a run cut short by an error leaves it unset, so the next
-// start tries again and skips the days already taken.
+// The source is never changed. The days and the registry value UpConv = 1 are written in one
+// transaction, so the conversion happens whole, once, or not at all: a run cut short by an error or
+// a kill leaves nothing of itself, and the next start tries again.
 
 #include <QString>
 

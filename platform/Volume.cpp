@@ -1,6 +1,7 @@
 #include "Volume.h"
 
 #include "CeDatabase.h"
+#include "CeDatabaseEx.h"
 #include "RegistryStore.h"
 #include "VolumeFormat.h"
 #include "VolumeHandle.h"
@@ -22,6 +23,9 @@ const char* const kBegin = "BEGIN IMMEDIATE";
 const char* const kBeginRead = "BEGIN";
 const char* const kCommit = "COMMIT";
 const char* const kRollback = "ROLLBACK";
+const char* const kSavepoint = "SAVEPOINT call";
+const char* const kReleaseSavepoint = "RELEASE call";
+const char* const kRollbackSavepoint = "ROLLBACK TO call";
 const char* const kHighestObjectId =
     "SELECT max(ifnull((SELECT max(oid) FROM databases), 0), ifnull((SELECT max(oid) FROM records), 0), "
     "ifnull((SELECT value FROM meta WHERE name = 'last_oid' AND typeof(value) = 'integer'), 0))";
@@ -107,8 +111,8 @@ sqlite3* openConnection(const QString& path, DWORD* error) {
     return db;
 }
 
-DWORD checkMode(const QFileInfo& file, DWORD mode) {
-    if (mode < CREATE_NEW || mode > OPEN_ALWAYS || file.filePath().isEmpty()) {
+DWORD checkMode(const QFileInfo& file, DWORD mode, bool readOnly) {
+    if (mode < CREATE_NEW || mode > OPEN_ALWAYS || file.filePath().isEmpty() || (readOnly && mode != OPEN_EXISTING)) {
         return ERROR_INVALID_PARAMETER;
     }
     if (file.exists() && !file.isFile()) {
@@ -165,17 +169,26 @@ LogOwner ownerOfLog(const QString& path, sqlite3* throughLog) {
 // checkpoints, with the shared-memory file (when there is one) opened read-only too. Without a
 // write-ahead log the file alone is the volume, and it is read as immutable: no lock, and no -wal
 // or -shm is made. With a log, SQLite needs a -shm; one it makes is removed again.
-DWORD inspectReadOnly(const QString& path, Volume::Role role, VolumeFormat::Kind* kind) {
-    const bool hasWal = QFileInfo(path + QStringLiteral("-wal")).size() > 0;
-    const bool hasLog = hasWal || QFileInfo::exists(path + QStringLiteral("-journal"));
+bool hasWriteAheadLog(const QString& path) {
+    return QFileInfo(path + QStringLiteral("-wal")).size() > 0;
+}
+
+// The read-only connection that changes nothing of the file or its companions.
+sqlite3* openUnchanging(const QString& path, DWORD* error) {
+    const bool hasLog = hasWriteAheadLog(path) || QFileInfo::exists(path + QStringLiteral("-journal"));
     const bool hasShm = QFileInfo::exists(path + QStringLiteral("-shm"));
+    return openReadOnly(path,
+                        !hasLog  ? "?immutable=1"
+                        : hasShm ? "?mode=ro&readonly_shm=1"
+                                 : "?mode=ro",
+                        error);
+}
+
+DWORD inspectReadOnly(const QString& path, Volume::Role role, VolumeFormat::Kind* kind) {
+    const bool hasWal = hasWriteAheadLog(path);
     const std::vector<QString> before = existingCompanions(path);
     DWORD error = ERROR_SUCCESS;
-    sqlite3* db = openReadOnly(path,
-                               !hasLog  ? "?immutable=1"
-                               : hasShm ? "?mode=ro&readonly_shm=1"
-                                        : "?mode=ro",
-                               &error);
+    sqlite3* db = openUnchanging(path, &error);
     if (db != nullptr) {
         // A volume file may come from anywhere: it gets SQLite's full check. The object store is
         // mounted at every start and is ours: reading every page of years of logs each time would
@@ -201,9 +214,11 @@ DWORD inspectReadOnly(const QString& path, Volume::Role role, VolumeFormat::Kind
 }
 } // namespace
 
-std::unique_ptr<Volume> Volume::mount(const QString& path, DWORD mode, Role role, DWORD* error) {
+std::unique_ptr<Volume> Volume::mount(const QString& path, DWORD flags, Role role, DWORD* error) {
     const QFileInfo file(path);
-    *error = checkMode(file, mode);
+    const bool readOnly = (flags & CEDB_MOUNT_READONLY) != 0;
+    const DWORD mode = flags & ~CEDB_MOUNT_READONLY;
+    *error = checkMode(file, mode, readOnly);
     if (*error != ERROR_SUCCESS) {
         return nullptr;
     }
@@ -221,6 +236,9 @@ std::unique_ptr<Volume> Volume::mount(const QString& path, DWORD mode, Role role
             return nullptr;
         }
         blank = kind == VolumeFormat::Kind::Blank;
+        if (readOnly) {
+            return mountReadOnly(path, role, error);
+        }
     } else {
         if (existed && !removeVolumeFiles(path)) {
             *error = ERROR_ACCESS_DENIED;
@@ -253,6 +271,20 @@ std::unique_ptr<Volume> Volume::mount(const QString& path, DWORD mode, Role role
         }
         return nullptr;
     }
+    return volume;
+}
+
+std::unique_ptr<Volume> Volume::mountReadOnly(const QString& path, Role role, DWORD* error) {
+    const QString canonical = QFileInfo(path).canonicalFilePath();
+    std::vector<QString> companions = existingCompanions(canonical);
+    sqlite3* db = openUnchanging(canonical, error);
+    if (db == nullptr) {
+        removeCompanionsBut(canonical, companions);
+        return nullptr;
+    }
+    std::unique_ptr<Volume> volume(new Volume(db, canonical, role));
+    volume->m_readOnly = true;
+    volume->m_companionsBefore = std::move(companions);
     return volume;
 }
 
@@ -289,12 +321,19 @@ Volume::~Volume() {
     for (VolumeHandle* handle : handles) {
         handle->invalidate();
     }
+    if (m_operation) {
+        m_operation = false; // unmounted with an operation open: nothing of it is kept
+        rollback();
+    }
     releaseRead();
     m_statements.clear();
     if (m_accepted && m_role == Role::ObjectStore) {
         VolumeFormat::markInUse(m_db, false);
     }
     sqlite3_close_v2(m_db);
+    if (m_readOnly) {
+        removeCompanionsBut(m_path, m_companionsBefore); // a -shm the reads needed
+    }
 }
 
 SqlStatement* Volume::statement(const char* sql) {
@@ -310,7 +349,9 @@ SqlStatement* Volume::statement(const char* sql) {
 }
 
 void Volume::holdRead() {
-    if (sqlite3_get_autocommit(m_db) != 0) {
+    // Inside an operation the reads share its transaction; one that SQLite has rolled back must not
+    // be replaced by a read transaction that later writes would be taken into.
+    if (!m_operation && sqlite3_get_autocommit(m_db) != 0) {
         if (SqlStatement* statement = this->statement(kBeginRead)) {
             SqlStatement::Scope scope(*statement);
             statement->execute(); // if it fails, each read is its own transaction: slower, still right
@@ -326,19 +367,73 @@ Volume::ReadPoint Volume::readPoint() const {
 }
 
 void Volume::releaseRead() {
-    // Only ever called outside a write transaction: an open transaction here is a read one.
-    if (sqlite3_get_autocommit(m_db) == 0) {
-        if (SqlStatement* statement = this->statement(kCommit)) {
-            SqlStatement::Scope scope(*statement);
-            statement->execute();
-        }
+    // Only ever called outside a write transaction: an open transaction here is a read one, unless
+    // it is the operation's.
+    if (!m_operation && sqlite3_get_autocommit(m_db) == 0) {
+        execute(kCommit);
     }
 }
 
 DWORD Volume::begin() {
+    if (m_operation) {
+        return operationAlive() ? execute(kSavepoint) : ERROR_TRANSACTION_ALREADY_ABORTED;
+    }
     releaseRead();
     ++m_transactions;
-    SqlStatement* statement = this->statement(kBegin);
+    return execute(kBegin);
+}
+
+DWORD Volume::end(DWORD error) {
+    if (!m_operation) {
+        if (error == ERROR_SUCCESS) {
+            error = commit();
+        }
+        if (error != ERROR_SUCCESS) {
+            rollback();
+        }
+        return error;
+    }
+    if (!operationAlive()) {
+        return error != ERROR_SUCCESS ? error : ERROR_TRANSACTION_ALREADY_ABORTED;
+    }
+    if (error == ERROR_SUCCESS) {
+        error = execute(kReleaseSavepoint);
+    }
+    if (error != ERROR_SUCCESS && operationAlive()) {
+        // Undoes this call only; the savepoint is then released, and the operation goes on.
+        execute(kRollbackSavepoint);
+        execute(kReleaseSavepoint);
+    }
+    return error;
+}
+
+DWORD Volume::beginOperation() {
+    if (m_operation) {
+        return ERROR_TRANSACTION_REQUEST_NOT_VALID;
+    }
+    const DWORD error = begin();
+    m_operation = error == ERROR_SUCCESS;
+    return error;
+}
+
+DWORD Volume::endOperation(bool commit) {
+    if (!m_operation) {
+        return ERROR_TRANSACTION_NOT_ACTIVE;
+    }
+    const bool alive = operationAlive();
+    m_operation = false;
+    DWORD error = alive ? ERROR_SUCCESS : ERROR_TRANSACTION_ALREADY_ABORTED;
+    if (commit && alive) {
+        error = this->commit();
+    }
+    if (!commit || error != ERROR_SUCCESS) {
+        rollback();
+    }
+    return error;
+}
+
+DWORD Volume::execute(const char* sql) {
+    SqlStatement* statement = this->statement(sql);
     if (statement == nullptr) {
         return ERROR_BADDB;
     }
@@ -347,21 +442,13 @@ DWORD Volume::begin() {
 }
 
 DWORD Volume::commit() {
-    SqlStatement* statement = this->statement(kCommit);
-    if (statement == nullptr) {
-        return ERROR_BADDB;
-    }
-    SqlStatement::Scope scope(*statement);
-    return statement->execute();
+    return execute(kCommit);
 }
 
 void Volume::rollback() {
     // After some errors SQLite has already rolled back; then there is no transaction to end.
     if (sqlite3_get_autocommit(m_db) == 0) {
-        if (SqlStatement* statement = this->statement(kRollback)) {
-            SqlStatement::Scope scope(*statement);
-            statement->execute();
-        }
+        execute(kRollback);
     }
 }
 

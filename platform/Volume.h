@@ -14,6 +14,7 @@
 #include <memory>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 class VolumeHandle;
 
@@ -21,11 +22,12 @@ class Volume {
 public:
     enum class Role { ObjectStore, File };
 
-    // Mounts the file at path in a CeMountDBVol mode (CREATE_NEW ... OPEN_ALWAYS). On refusal
+    // Mounts the file at path in a CeMountDBVol mode (CREATE_NEW ... OPEN_ALWAYS, or OPEN_EXISTING with
+    // CEDB_MOUNT_READONLY: then nothing of the file or its companions changes). On refusal
     // returns nullptr with *error set: ERROR_BADDB for a file that is not a volume or is damaged,
     // the error of the disk for one that could not be read or written. A file that is refused is
     // left byte for byte as it was, with its companions; a file the mount made is removed again.
-    static std::unique_ptr<Volume> mount(const QString& path, DWORD mode, Role role, DWORD* error);
+    static std::unique_ptr<Volume> mount(const QString& path, DWORD flags, Role role, DWORD* error);
     ~Volume();
     Volume(const Volume&) = delete;
     Volume& operator=(const Volume&) = delete;
@@ -39,21 +41,21 @@ public:
     SqlStatement* statement(const char* sql);
 
     // Runs work inside one write transaction: committed when work returns ERROR_SUCCESS, rolled
-    // back otherwise. Returns work's error or the commit's.
+    // back otherwise. Returns work's error or the commit's. Inside an operation's transaction (below)
+    // it is a savepoint of that transaction: work still happens whole or not at all, and becomes
+    // durable when the operation commits.
     template <typename Work> DWORD transaction(Work&& work) {
         DWORD error = begin();
         if (error != ERROR_SUCCESS) {
             return error;
         }
-        error = work();
-        if (error == ERROR_SUCCESS) {
-            error = commit();
-        }
-        if (error != ERROR_SUCCESS) {
-            rollback();
-        }
-        return error;
+        return end(work());
     }
+
+    // The operation's transaction, begun and ended by the caller: every write until the end is one
+    // transaction. Beginning while one is open, or ending none, is refused (nothing nests).
+    DWORD beginOperation();
+    DWORD endOperation(bool commit);
 
     // The number of rows the last INSERT, UPDATE or DELETE changed.
     int changes() const { return sqlite3_changes(m_db); }
@@ -88,11 +90,19 @@ public:
 
 private:
     Volume(sqlite3* db, QString path, Role role);
+    static std::unique_ptr<Volume> mountReadOnly(const QString& path, Role role, DWORD* error);
     // Completes a volume that passed inspection (blank: writes its schema) and takes it in use.
     DWORD accept(bool blank);
     DWORD begin();
+    // Ends what begin() began: commits when error is ERROR_SUCCESS, rolls back otherwise, and returns
+    // error or the commit's.
+    DWORD end(DWORD error);
+    DWORD execute(const char* sql);
     DWORD commit();
     void rollback();
+    // Whether the operation's transaction is still open in SQLite: some disk failures (a full disk,
+    // an I/O error) make SQLite roll the whole transaction back by itself.
+    bool operationAlive() const { return sqlite3_get_autocommit(m_db) == 0; }
     void releaseRead();
 
     sqlite3* m_db;
@@ -100,8 +110,14 @@ private:
     Role m_role;
     // Set once accept() committed: only an accepted volume is ever written to, even at unmount.
     bool m_accepted = false;
+    // Mounted read-only: the companions that were there before, so that those the reads made go.
+    bool m_readOnly = false;
+    std::vector<QString> m_companionsBefore;
     std::unordered_map<const char*, std::unique_ptr<SqlStatement>> m_statements;
     std::unordered_set<VolumeHandle*> m_handles;
+    // An operation's transaction is open (beginOperation): writes are savepoints of it, and no read
+    // transaction of the handles' is begun or ended meanwhile.
+    bool m_operation = false;
     // Counts the transactions begun, so that each is told from the one before.
     std::uint64_t m_transactions = 0;
 };

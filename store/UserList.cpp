@@ -1,6 +1,7 @@
 #include "UserList.h"
 
 #include "RecordDatabase.h"
+#include "VolumeTransaction.h"
 
 #include <algorithm>
 
@@ -100,11 +101,24 @@ std::array<QString, kUserDatabaseCount> UserList::databasesOf(const QString& row
 }
 
 UserList::DeleteResult UserList::remove(const QString& rowText) {
+    // The six logs and the row go in one transaction: a user is deleted whole, or stays whole.
+    VolumeTransaction transaction;
+    if (!transaction.isActive()) {
+        return DeleteResult::Failed;
+    }
     for (const QString& name : databasesOf(rowText)) {
         if (!DatabaseCatalogue::deleteIfExists(name)) {
             return DeleteResult::Failed;
         }
     }
+    const DeleteResult result = removeRow(rowText);
+    if (result != DeleteResult::Failed && !transaction.commit()) {
+        return DeleteResult::Failed;
+    }
+    return result;
+}
+
+UserList::DeleteResult UserList::removeRow(const QString& rowText) {
     RecordDatabase db;
     if (!db.Open(kDatabaseName, DatabaseCatalogue::kItemPropId)) {
         return RecordDatabase::Exists(kDatabaseName) ? DeleteResult::Failed : DeleteResult::RowMissing;

@@ -43,6 +43,9 @@ public:
     static std::array<QString, kUserDatabaseCount> databasesOf(const QString& rowText);
     // Deletes each of the row's six databases that exists, then the row itself. RowMissing when
     // the databases are gone but no row has that text; Failed when a database or the row could
-    // not be deleted (deleting stops there).
+    // not be deleted: then nothing is deleted (one transaction).
     static DeleteResult remove(const QString& rowText);
+
+private:
+    static DeleteResult removeRow(const QString& rowText);
 };

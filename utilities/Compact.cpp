@@ -6,6 +6,7 @@
 #include "RecordDatabase.h"
 #include "RecordEntries.h"
 #include "UtilityReport.h"
+#include "VolumeTransaction.h"
 
 namespace {
 const QString kDone = QStringLiteral("Done.");
@@ -115,6 +116,11 @@ bool Compact::run(const QString& user, UtilityReport& report, Counts* counts) {
     };
 
     report.status(QStringLiteral("Compacting..."));
+    // One transaction: a compact that fails or is killed deletes nothing.
+    VolumeTransaction transaction;
+    if (!transaction.isActive()) {
+        return failed();
+    }
     // Both regions are compacted under the one status line the device shows for strength.
     report.status(QStringLiteral("Compacting Upper Body..."));
     if (compactRegion(name(UserDatabase::UpperA), name(UserDatabase::UpperB), &deleted.strength, report) ==
@@ -138,6 +144,9 @@ bool Compact::run(const QString& user, UtilityReport& report, Counts* counts) {
         return failed();
     }
     report.status(kDone);
+    if (!transaction.commit()) {
+        return failed();
+    }
     report.message(QStringLiteral("Compact complete!"));
     return true;
 }

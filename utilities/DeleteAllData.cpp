@@ -3,6 +3,7 @@
 #include "DatabaseCatalogue.h"
 #include "RecordDatabase.h"
 #include "UtilityReport.h"
+#include "VolumeTransaction.h"
 
 QString DeleteAllData::question() {
     return QStringLiteral(
@@ -39,11 +40,17 @@ bool DeleteAllData::run(UtilityReport& report) {
         report.message(QStringLiteral("Kovalin database not found"));
         return false;
     }
+    // One transaction: every database goes, or none does.
+    VolumeTransaction transaction;
     for (const QString& name : databases()) {
-        if (!DatabaseCatalogue::deleteIfExists(name)) {
+        if (!transaction.isActive() || !DatabaseCatalogue::deleteIfExists(name)) {
             report.message(QStringLiteral("Could not delete ") + name + QStringLiteral("."));
             return false;
         }
+    }
+    if (!transaction.commit()) {
+        report.message(QStringLiteral("Could not delete the databases.  Nothing was deleted."));
+        return false;
     }
     return true;
 }

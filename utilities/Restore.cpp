@@ -6,6 +6,7 @@
 #include "RecordCopier.h"
 #include "RecordDatabase.h"
 #include "UtilityReport.h"
+#include "VolumeTransaction.h"
 
 namespace {
 const QString kErrorOpeningBackup = QStringLiteral("Error opening backup volume");
@@ -32,20 +33,20 @@ bool backupIsWhole(const CEGUID& volume, UtilityReport& report) {
     return true;
 }
 
-// Replaces the log by the copy: true when every record was copied.
-bool restoreLog(const CEGUID& volume, const BackupCopy& copy, const QString& user, UtilityReport& report,
-                bool* stopped) {
+// Replaces the log by the copy: true when every record was copied. A failure has been told when it
+// returns false.
+bool restoreLog(const CEGUID& volume, const BackupCopy& copy, const QString& user, UtilityReport& report) {
     DbHandle source(openCopy(volume, copy));
     if (!source.isOpen()) {
         report.status(kErrorOpeningBackup);
-        *stopped = true;
         return false;
     }
     const QString name = DatabaseCatalogue::userDatabaseName(copy.log, user);
     if (RecordDatabase::Exists(name)) {
         RecordDatabase old;
-        if (old.Open(name)) {
-            old.DeleteDatabase();
+        if (!old.Open(name) || !old.DeleteDatabase()) {
+            report.message(RecordCopier::kDataAccessError);
+            return false;
         }
     }
     CEGUID objectStore;
@@ -57,10 +58,46 @@ bool restoreLog(const CEGUID& volume, const BackupCopy& copy, const QString& use
     }
     if (!target.isOpen()) {
         report.status(QStringLiteral("Error opening object store volume"));
-        *stopped = true;
         return false;
     }
     return RecordCopier::copyAll(source.get(), target.get(), report);
+}
+
+// Replaces the six logs in one transaction of the object store: all of them, or none.
+bool restoreLogs(const CEGUID& volume, const QString& user, UtilityReport& report) {
+    VolumeTransaction transaction;
+    if (!transaction.isActive()) {
+        report.message(RecordCopier::kDataAccessError);
+        return false;
+    }
+    for (const BackupCopy& copy : BackupFile::restoreOrder()) {
+        if (!restoreLog(volume, copy, user, report)) {
+            return false;
+        }
+        report.stepProgress();
+    }
+    if (!transaction.commit()) {
+        report.message(RecordCopier::kDataAccessError);
+        return false;
+    }
+    return true;
+}
+
+// Tells why the file could not be mounted: missing, or there but not a backup that can be read.
+void reportMountFailure(const QString& user, DWORD error, UtilityReport& report) {
+    const QString file = BackupFile::userFileName(user) + QStringLiteral(".kov");
+    if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) {
+        report.message(QStringLiteral("Error mounting file volume.  Be sure the '") + file +
+                       QStringLiteral("' file is in the My Documents folder of your Pocket PC."));
+    } else if (error == ERROR_BADDB) {
+        report.message(QStringLiteral("The file '") + file +
+                       QStringLiteral("' in the My Documents folder is not a Kovalin backup, or it is damaged.  "
+                                      "Nothing was changed."));
+    } else {
+        report.message(QStringLiteral("The file '") + file +
+                       QStringLiteral("' in the My Documents folder cannot be read.  Nothing was changed."));
+    }
+    report.status(kErrorOpeningBackup);
 }
 } // namespace
 
@@ -74,31 +111,18 @@ bool Restore::run(const QString& user, UtilityReport& report) {
     report.progressRange(0, 100);
     report.progressPosition(0);
     report.progressStep(20);
+    // Read-only: the backup stays byte for byte as it was, whatever lies beside it.
     CEGUID volume;
-    if (!CeMountDBVol(&volume, BackupFile::hostPath(user), OPEN_EXISTING)) {
-        report.message(QStringLiteral("Error mounting file volume.  Be sure the '") + BackupFile::userFileName(user) +
-                       QStringLiteral(".kov' file is in the My Documents folder of your Pocket PC."));
-        report.status(kErrorOpeningBackup);
+    if (!CeMountDBVol(&volume, BackupFile::hostPath(user), OPEN_EXISTING | CEDB_MOUNT_READONLY)) {
+        reportMountFailure(user, GetLastError(), report);
         return false;
     }
-    if (!backupIsWhole(volume, report)) {
-        CeUnmountDBVol(&volume);
-        return false;
-    }
-    bool whole = true;
-    bool stopped = false;
-    for (const BackupCopy& copy : BackupFile::restoreOrder()) {
-        whole = restoreLog(volume, copy, user, report, &stopped) && whole;
-        if (stopped) {
-            break;
-        }
-        report.stepProgress();
-    }
+    const bool restored = backupIsWhole(volume, report) && restoreLogs(volume, user, report);
     CeUnmountDBVol(&volume);
-    if (stopped) {
+    if (!restored) {
         return false;
     }
     report.message(QStringLiteral("Restore successful!"));
     report.status(QString());
-    return whole;
+    return true;
 }

@@ -6,6 +6,7 @@
 #include "RecordDatabase.h"
 #include "RecordEntries.h"
 #include "UtilityReport.h"
+#include "VolumeTransaction.h"
 
 #include <array>
 #include <vector>
@@ -142,17 +143,22 @@ bool Version1Import::run(const QString& user, UtilityReport& report, Counts* cou
         return false;
     }
     report.status(QStringLiteral("Importing..."));
+    // One transaction: the import happens whole or not at all.
+    VolumeTransaction transaction;
     const auto names = DatabaseCatalogue::userDatabaseNames(user);
     auto name = [&names](UserDatabase which) { return names[static_cast<int>(which)]; };
     const bool whole =
+        transaction.isActive() &&
         importDatabase(databases()[0], LogKind::Strength, {name(UserDatabase::UpperA), name(UserDatabase::UpperB)},
                        &done.upper, &done.kept, report) &&
         importDatabase(databases()[1], LogKind::Strength, {name(UserDatabase::LowerA), name(UserDatabase::LowerB)},
                        &done.lower, &done.kept, report) &&
         importDatabase(databases()[2], LogKind::Aerobic, {name(UserDatabase::Aerobic)}, &done.aerobic, &done.kept,
                        report) &&
-        importDatabase(databases()[3], LogKind::Food, {name(UserDatabase::Food)}, &done.food, &done.kept, report);
+        importDatabase(databases()[3], LogKind::Food, {name(UserDatabase::Food)}, &done.food, &done.kept, report) &&
+        transaction.commit();
     if (!whole) {
+        done = Counts{}; // rolled back: nothing came in
         report.message(RecordCopier::kDataAccessError);
         report.status(QString());
         return false;

@@ -70,16 +70,18 @@ TEST_F(UpperBodyConversionTest, SplitsEachDayIntoTheDefaultPairOnce) {
     EXPECT_EQ(m_stored.props(kA, kFirst.addDays(10)), "");
 }
 
-TEST_F(UpperBodyConversionTest, AnUnreadableDayStopsTheRunWhichIsTriedAgainLater) {
+TEST_F(UpperBodyConversionTest, AnUnreadableDayStopsTheRunWithNothingTakenAndItIsTriedAgainLater) {
     m_sql.writeDay(kSource, kFirst, {text(106, "Bench")});
     // A string property holding a number cannot be read.
     m_sql.writeDay(kSource, kSecond, {{106, SqlLogWriter::kText, 42}});
     EXPECT_FALSE(UpperBodyConversion::runOnce().done);
     EXPECT_EQ(m_boxes.texts(), QStringList({UpperBodyConversion::kFailedText}));
     EXPECT_EQ(done(), 0u);
-    EXPECT_EQ(m_stored.props(kA, kFirst), "64:64,106:31");
+    // The day read before the failure is not kept: the conversion happens whole or not at all.
+    EXPECT_EQ(m_stored.props(kA, kFirst), "");
 
-    // The next run skips the day already taken and stops at the same place.
+    // The next run meets the same day and again takes nothing.
     const UpperBodyConversion::Outcome again = UpperBodyConversion::runOnce();
-    EXPECT_EQ(std::make_pair(again.kept, again.converted), std::make_pair(1, 0));
+    EXPECT_EQ(std::make_tuple(again.ran, again.done, again.converted), std::make_tuple(true, false, 0));
+    EXPECT_EQ(m_stored.props(kA, kFirst), "");
 }

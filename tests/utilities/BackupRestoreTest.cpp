@@ -1,14 +1,23 @@
-// Backup and restore on logs written with plain SQL; the backup file and the logs read back the same way.
+// Backup and restore on logs written with plain SQL; the backup file and the logs read back the same
+// way. Each happens whole or not at all: a backup that stops leaves the previous one in place, a
+// restore that stops leaves every log as it was.
 
 #include "Backup.h"
+#include "FaultyVfs.h"
 #include "RecordingReport.h"
 #include "Restore.h"
 #include "SqlLogs.h"
 #include "TestDevice.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
 
 namespace {
 const QStringList kLogs = {"Kov2AUpperBody", "Kov2BUpperBody", "Kov2ALowerBody",
@@ -17,6 +26,8 @@ const QStringList kCopies = {"BkUpperA", "BkUpperB", "BkLowerA", "BkLowerB", "Bk
 const QDate kDay(2024, 3, 14);
 const QString kMountMessage = "message Error mounting file volume.  Be sure the 'Default.kov' file is in the My "
                               "Documents folder of your Pocket PC.";
+const QString kNotABackup = "message The file 'Default.kov' in the My Documents folder is not a Kovalin backup, or it "
+                            "is damaged.  Nothing was changed.";
 
 class BackupRestoreTest : public ::testing::Test {
 protected:
@@ -55,6 +66,35 @@ protected:
         return dumps(m_store, names, false);
     }
 
+    // The files of My Documents by name, each with its bytes.
+    std::map<QString, QByteArray> myDocuments() const {
+        std::map<QString, QByteArray> files;
+        const QDir folder(m_device.paths().myDocuments());
+        for (const QString& name : folder.entryList(QDir::Files | QDir::System | QDir::Hidden)) {
+            files[name] = VolumeFiles::readFile(folder.filePath(name));
+        }
+        return files;
+    }
+    // Runs operation with the nth write or sync from now failing, for n = 1, 2, ... until the
+    // operation no longer meets the fault; check is told each time whether the operation succeeded.
+    void failEachCallInTurn(const std::function<bool()>& operation, const std::function<void(bool)>& check) {
+        for (const auto& [call, full] : {std::pair{FaultyVfs::Call::Write, true}, {FaultyVfs::Call::Sync, false}}) {
+            bool fired = true;
+            for (int n = 1; fired && n < 200; ++n) {
+                SCOPED_TRACE(testing::Message() << (full ? "a full disk" : "a sync that fails") << " at call " << n);
+                m_vfs.failCall(call, n, full);
+                const bool done = operation();
+                m_vfs.disarm();
+                fired = m_vfs.fired();
+                EXPECT_TRUE(done || fired);
+                check(done);
+            }
+            EXPECT_FALSE(fired) << "the operation never ended without the fault";
+        }
+    }
+
+    // First, so that every connection, the object store's too, goes through it.
+    FaultyVfs m_vfs;
     TestDevice m_device;
     SqlLogs m_store;
     RecordingReport m_report;
@@ -93,22 +133,54 @@ TEST_F(BackupRestoreTest, BackupIsNamedAfterTheUserAndASecondBackupReplacesTheFi
               "4194368=" + QString::number(StoredDays::keyOf(QDate(2001, 1, 1))));
 }
 
-TEST_F(BackupRestoreTest, BackupStopsAtAMissingLogOrAFileThatCannotBeMade) {
+TEST_F(BackupRestoreTest, ABackupThatStopsLeavesThePreviousBackupAsItWas) {
     writeLogs();
+    ASSERT_TRUE(Backup::run(QString(), m_report));
+    const std::map<QString, QByteArray> previous = myDocuments();
+    ASSERT_EQ(previous.size(), 1u);
+
+    m_store.day("Kov2Food", kDay.addDays(1), {{1001, kI2, 4}});
+    failEachCallInTurn([this] { return Backup::run(QString(), m_report); },
+                       [&](bool done) {
+                           // A sync that fails after the rename may leave the new backup in place.
+                           const std::map<QString, QByteArray> now = myDocuments();
+                           EXPECT_EQ(now.size(), 1u) << "no partial file is left";
+                           EXPECT_TRUE(!done || now != previous);
+                           if (now != previous) { // read from a copy: a reader leaves companions
+                               const QString copy = m_device.root() + "/copy.kov";
+                               QFile::remove(copy);
+                               QFile::copy(backupPath(), copy);
+                               EXPECT_EQ(dumps(SqlLogs(copy), kCopies, true), logs());
+                           }
+                       });
+
     m_store.run("DELETE FROM databases WHERE name = 'Kov2ALowerBody'");
+    const std::map<QString, QByteArray> last = myDocuments();
+    m_report.log.clear();
     EXPECT_FALSE(Backup::run(QString(), m_report));
     EXPECT_EQ(m_report.texts(), QStringList({"status Backing up...", "status Error opening object store volume"}));
-    // The copies made before the failure stay; the failed one is empty.
-    SqlLogs file(backupPath());
-    EXPECT_EQ(file.dump("BkUpperB", true), m_store.dump("Kov2BUpperBody"));
-    EXPECT_EQ(file.dump("BkLowerA", true), "");
-    EXPECT_EQ(file.dump("BkLowerB", true), "none");
+    EXPECT_EQ(myDocuments(), last);
 
     m_report.log.clear();
-    QFile::remove(backupPath());
     QDir(m_device.paths().myDocuments()).removeRecursively();
     EXPECT_FALSE(Backup::run(QString(), m_report));
     EXPECT_EQ(m_report.texts(), QStringList({"status Backing up...", "status Error mounting database file"}));
+}
+
+TEST_F(BackupRestoreTest, ABackupReplacesALinkAndAStalePartialFileInsteadOfWritingThroughThem) {
+    writeLogs();
+    QTemporaryDir outside;
+    const QString elsewhere = outside.filePath("elsewhere.db");
+    VolumeFiles::writeFile(elsewhere, "not the device's");
+    ASSERT_TRUE(QFile::link(elsewhere, backupPath()));
+    VolumeFiles::writeFile(backupPath() + ".partial", QByteArray(5000, 'x'));
+
+    ASSERT_TRUE(Backup::run(QString(), m_report));
+
+    EXPECT_EQ(VolumeFiles::readFile(elsewhere), "not the device's");
+    EXPECT_FALSE(QFileInfo(backupPath()).isSymLink());
+    EXPECT_EQ(QDir(m_device.paths().myDocuments()).entryList(QDir::Files | QDir::System), QStringList("Default.kov"));
+    EXPECT_EQ(dumps(SqlLogs(backupPath()), kCopies, true), logs());
 }
 
 TEST_F(BackupRestoreTest, RestoreGivesBackTheRecordsOfTheBackup) {
@@ -157,7 +229,7 @@ TEST_F(BackupRestoreTest, ADamagedBackupIsRefusedWithNothingChanged) {
          {"message Data access error"}},
         {"not a volume",
          [this] { VolumeFiles::writeFile(backupPath(), QByteArray(8192, 'k')); },
-         {kMountMessage, "status Error opening backup volume"}},
+         {kNotABackup, "status Error opening backup volume"}},
         {"no file", [this] { QFile::remove(backupPath()); }, {kMountMessage, "status Error opening backup volume"}},
     };
     for (const Damage& damage : damages) {
@@ -169,6 +241,31 @@ TEST_F(BackupRestoreTest, ADamagedBackupIsRefusedWithNothingChanged) {
         EXPECT_EQ(m_report.texts(), damage.texts);
         EXPECT_EQ(logs(), before);
     }
+}
+
+TEST_F(BackupRestoreTest, ARestoreThatStopsLeavesEveryLogAsItWasAndTheBackupUntouched) {
+    writeLogs();
+    ASSERT_TRUE(Backup::run(QString(), m_report));
+    const QStringList backedUp = logs();
+    m_store.day("Kov2Food", kDay.addDays(1), {{1001, kI2, 4}});
+    m_store.run("DELETE FROM databases WHERE name = 'Kov2ALowerBody'");
+    const QStringList before = logs();
+    const QList<QByteArray> file = VolumeFiles::withCompanions(backupPath());
+
+    failEachCallInTurn([this] { return Restore::run(QString(), m_report); },
+                       [&](bool done) {
+                           // A commit whose sync fails may have been written all the same: the logs
+                           // are then wholly restored, never a mix.
+                           const QStringList now = logs();
+                           EXPECT_TRUE(now == backedUp || (!done && now == before));
+                       });
+    // The backup is only read, even where nothing can be made (a folder that cannot be written).
+    m_vfs.failCreation();
+    m_report.log.clear();
+    EXPECT_TRUE(Restore::run(QString(), m_report)) << m_report.log.join('\n').toStdString();
+    m_vfs.disarm();
+    EXPECT_EQ(logs(), backedUp);
+    EXPECT_EQ(VolumeFiles::withCompanions(backupPath()), file);
 }
 
 TEST(RestoreQuestion, NamesTheFileOfTheUser) {

@@ -1,0 +1,32 @@
+#pragma once
+// What this platform adds to the device's database service.
+//
+// Volume transactions: one operation makes many record writes as one transaction of a volume, so
+// that it happens whole or not at all, and with one synced commit instead of one per write.
+//
+// The shape follows the later device generations' CeBeginTransaction / CeEndTransaction, with the
+// volume's CEGUID where those take a session handle. Inside a transaction every call keeps its
+// semantics: each still happens whole or not at all, seeks and reads see the transaction's own
+// writes, and every call sets the last error as before. Outside one, each write is durable on its
+// own as always.
+
+#include "CeDatabase.h"
+
+// The codes the system gives for a transaction used out of turn.
+constexpr DWORD ERROR_TRANSACTION_NOT_ACTIVE = 6701;        // ended, or never begun
+constexpr DWORD ERROR_TRANSACTION_REQUEST_NOT_VALID = 6702; // begun while one is open: none nests
+constexpr DWORD ERROR_TRANSACTION_ALREADY_ABORTED = 6704;   // lost to a failure of the disk: rolled back
+
+// Begins a transaction on the volume. FALSE with ERROR_TRANSACTION_REQUEST_NOT_VALID while one is
+// open on it already, ERROR_INVALID_PARAMETER for a volume not mounted, or the disk's error.
+BOOL CeBeginTransaction(const CEGUID* guid);
+// Ends the volume's transaction: commit TRUE makes its writes durable at once, FALSE rolls them all
+// back. FALSE with ERROR_TRANSACTION_NOT_ACTIVE when none is open; a commit that fails (or a
+// transaction the disk's failure already rolled back: ERROR_TRANSACTION_ALREADY_ABORTED) rolls
+// everything back and fails with its error. Either way the transaction is over.
+BOOL CeEndTransaction(const CEGUID* guid, BOOL commit);
+
+// A mount flag, or'ed with OPEN_EXISTING: the volume is mounted read-only, and nothing of the file
+// or its companions is ever changed (a log left beside it is read, never folded into it). Every
+// write to such a volume fails with ERROR_ACCESS_DENIED.
+constexpr DWORD CEDB_MOUNT_READONLY = 0x00010000;
