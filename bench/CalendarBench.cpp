@@ -228,7 +228,8 @@ int main(int argc, char** argv) {
         benchmark::DoNotOptimize(GoalsFile::read());
     });
     bench.runner().addRatio("paint_calendar", "paint_calendar_page", "paint_calendar_reads", RatioRunner::Clock::Cpu,
-                    kPaintLimit);
-    bench.runner().addRatio("paint_today", "paint_today_page", "paint_today_reads", RatioRunner::Clock::Cpu, kPaintLimit);
+                            kPaintLimit);
+    bench.runner().addRatio("paint_today", "paint_today_page", "paint_today_reads", RatioRunner::Clock::Cpu,
+                            kPaintLimit);
     return bench.run();
 }

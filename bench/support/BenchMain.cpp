@@ -5,8 +5,7 @@
 #include <cstdio>
 
 BenchMain::BenchMain(int argc, char** argv, int miscRestYears)
-    : m_program(QFileInfo(QString::fromLocal8Bit(argv[0])).fileName()), m_runner(argc, argv),
-      m_device(miscRestYears) {}
+    : m_program(QFileInfo(QString::fromLocal8Bit(argv[0])).fileName()), m_runner(argc, argv), m_device(miscRestYears) {}
 
 bool BenchMain::start() {
     if (!m_device.create()) {
