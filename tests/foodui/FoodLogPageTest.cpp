@@ -21,6 +21,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -190,6 +191,11 @@ TEST_F(FoodLogPageTest, MealsAreAddedEditedAndDeletedThroughTheListMenusAndTheMe
     answerMealDialog("7:05a", {"Greek Yogurt", "Oatmeal", "", "Fish Oil"});
     holdAndChoose(-1, ID_FOOD_ADDMEAL, &shown);
     EXPECT_EQ(shown, QStringList{"Add Meal"});
+    const std::pair<QString, int> columns[] = {{"Time", 36}, {"Protein", 47}, {"Carb", 47}, {"Veg", 46}, {"Other", 46}};
+    for (int column = 0; column < 5; ++column) {
+        EXPECT_EQ(std::make_pair(list()->headerItem()->text(column), list()->header()->sectionSize(column)),
+                  columns[column]);
+    }
     EXPECT_EQ(rows(), QStringList{"7:05A|Greek Yogurt|Oatmeal||Fish Oil"});
     EXPECT_EQ(stored().props(kFood, kToday, 1010, 1015), "1010:64,1012:31,1013:31,1014:31,1015:31");
     EXPECT_EQ(value(1010, kFileTime).toLongLong(), StoredDays::fileTimeOf(QDate(1968, 11, 29), QTime(7, 5, 12, 12)));
