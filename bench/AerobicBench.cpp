@@ -80,18 +80,6 @@ void makeJobs(const DeviceGenerator& generator, Workload& workload) {
     }
 }
 
-// The page's view of a day by hand, in one read transaction: the database, the day's record, all
-// its properties.
-bool showDayByHand(DirectStore& direct, const QString& aerobic, std::int64_t key, DirectRecord& props) {
-    if (!direct.beginRead()) {
-        return false;
-    }
-    const CEOID database = direct.databaseId(aerobic);
-    const CEOID record = database == 0 ? 0 : direct.seekFirstEqual(database, key);
-    const bool read = record != 0 && direct.readRecord(record, props);
-    return direct.endRead() && read;
-}
-
 // The exercises a day read by hand holds: the slots whose name is stored.
 int exercisesByHand(const DirectRecord& props) {
     return static_cast<int>(std::count_if(props.begin(), props.end(), [](const DirectProp& prop) {
@@ -119,7 +107,7 @@ void showDaySqlite(benchmark::State& state, const Workload& workload, DirectStor
     DirectRecord props;
     for (auto _ : state) {
         const DayJob& job = workload.shows[i++ % workload.shows.size()];
-        if (!showDayByHand(direct, workload.aerobic, job.key, props) || exercisesByHand(props) != kGeneratedExercises) {
+        if (!direct.readDay(workload.aerobic, job.key, props) || exercisesByHand(props) != kGeneratedExercises) {
             state.SkipWithError("sqlite show failed");
             break;
         }
@@ -177,7 +165,7 @@ int main(int argc, char** argv) {
         const DayJob& job = workload.shows[static_cast<size_t>(i)];
         const std::optional<AerobicDay> day = records.ReadDay(job.day);
         DirectRecord props;
-        if (!day || !showDayByHand(direct, workload.aerobic, job.key, props) ||
+        if (!day || !direct.readDay(workload.aerobic, job.key, props) ||
             exercisesByHand(props) != kGeneratedExercises || day->exerciseCount() != kGeneratedExercises) {
             return bench.fail(QStringLiteral("The aerobic records and the baseline read different days."));
         }

@@ -110,18 +110,6 @@ bool fillMeals(const Workload& workload) {
     return true;
 }
 
-// The page's view of a day by hand, in one read transaction: the database, the day's record, all
-// its properties.
-bool showDayByHand(DirectStore& direct, const QString& food, std::int64_t key, DirectRecord& props) {
-    if (!direct.beginRead()) {
-        return false;
-    }
-    const CEOID database = direct.databaseId(food);
-    const CEOID record = database == 0 ? 0 : direct.seekFirstEqual(database, key);
-    const bool read = record != 0 && direct.readRecord(record, props);
-    return direct.endRead() && read;
-}
-
 int mealTimes(const DirectRecord& props) {
     return static_cast<int>(std::count_if(props.begin(), props.end(), [](const DirectProp& prop) {
         const WORD number = HIWORD(prop.id);
@@ -150,7 +138,7 @@ void showDaySqlite(benchmark::State& state, const Workload& workload, DirectStor
     DirectRecord props;
     for (auto _ : state) {
         const DayJob& job = workload.shows[i++ % workload.shows.size()];
-        if (!showDayByHand(direct, workload.food, job.key, props) || mealTimes(props) != Meal::kSlots) {
+        if (!direct.readDay(workload.food, job.key, props) || mealTimes(props) != Meal::kSlots) {
             state.SkipWithError("sqlite show failed");
             break;
         }
@@ -227,7 +215,7 @@ int main(int argc, char** argv) {
         const DayJob& job = workload.shows[static_cast<size_t>(i)];
         const std::optional<FoodDay> day = records.LoadDay(job.day);
         DirectRecord props;
-        if (!day || !showDayByHand(direct, workload.food, job.key, props) || mealTimes(props) != Meal::kSlots ||
+        if (!day || !direct.readDay(workload.food, job.key, props) || mealTimes(props) != Meal::kSlots ||
             day->meals().size() != Meal::kSlots) {
             return bench.fail(QStringLiteral("The food records and the baseline read different days."));
         }
