@@ -22,6 +22,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -96,6 +97,14 @@ protected:
 
 TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneSavesNothing) {
     showPage();
+    // The labels in the order the form shows them, the counts under the meal list last.
+    QStringList labels;
+    for (const QLabel* label : page().findChildren<QLabel*>()) {
+        labels << label->text();
+    }
+    EXPECT_EQ(labels.mid(labels.indexOf("Water (cups):")).join('|'),
+              "Water (cups):|Weight:|%Body Fat:|Sleep:|Sleep Quality:|BP sys/dia:|Rest HR:|Overall Feeling:|Chest:|"
+              "Biceps:|Waist:|Quads:|Calves:|Pro:|Carb:|Veg:");
     // A new day holds its key and the notes placeholder only.
     EXPECT_EQ(stored().props(kFood, kToday), "64:64,1132:31");
     EXPECT_EQ(control<NotesEdit>(IDC_FOOD_NOTES)->notes(), "<Click to add Notes>");
