@@ -11,6 +11,10 @@ const char* const kById = "SELECT oid, name, type, sort_propid, sort_flags FROM 
 const char* const kInsert =
     "INSERT INTO databases (oid, name, type, sort_propid, sort_flags) VALUES (?1, ?2, ?3, ?4, ?5)";
 const char* const kDelete = "DELETE FROM databases WHERE oid = ?1";
+// The rows the cascade would delete, deleted first in one statement each: a cascade deletes the
+// properties record by record, nearly twice as slowly for a log of years.
+const char* const kDeleteProps = "DELETE FROM props WHERE record IN (SELECT oid FROM records WHERE db = ?1)";
+const char* const kDeleteRecords = "DELETE FROM records WHERE db = ?1";
 const char* const kCount = "SELECT count(*) FROM records WHERE db = ?1";
 const char* const kNext = "SELECT oid FROM databases WHERE oid > ?1 AND (?2 = 0 OR type = ?2) ORDER BY oid LIMIT 1";
 const char* const kParent = "SELECT db FROM records WHERE oid = ?1";
@@ -112,13 +116,18 @@ DWORD Catalogue::create(const CEDBASEINFO& info, CEOID* oid) {
 
 DWORD Catalogue::remove(CEOID oid) {
     SqlStatement* statement = m_volume.statement(kDelete);
-    if (statement == nullptr) {
+    SqlStatement* props = m_volume.statement(kDeleteProps);
+    SqlStatement* records = m_volume.statement(kDeleteRecords);
+    if (statement == nullptr || props == nullptr || records == nullptr) {
         return ERROR_BADDB;
     }
     return m_volume.transaction([&] {
-        SqlStatement::Scope scope(*statement);
-        statement->bindInt(1, oid);
-        const DWORD error = statement->execute();
+        DWORD error = ERROR_SUCCESS;
+        for (SqlStatement* step : {props, records, statement}) {
+            SqlStatement::Scope scope(*step);
+            step->bindInt(1, oid);
+            error = error == ERROR_SUCCESS ? step->execute() : error;
+        }
         if (error == ERROR_SUCCESS && m_volume.changes() == 0) {
             return ERROR_INVALID_PARAMETER;
         }

@@ -1,5 +1,7 @@
 #include "CeDatabaseEx.h"
 
+#include "DatabaseHandle.h"
+#include "HandleTable.h"
 #include "Volume.h"
 #include "VolumeTable.h"
 
@@ -7,6 +9,11 @@ namespace {
 BOOL finish(DWORD error) {
     SetLastError(error);
     return error == ERROR_SUCCESS ? TRUE : FALSE;
+}
+
+DatabaseHandle* liveDatabase(HANDLE handle) {
+    DatabaseHandle* found = HandleTable::instance().find<DatabaseHandle>(handle);
+    return found != nullptr && found->volume() != nullptr ? found : nullptr;
 }
 } // namespace
 
@@ -18,4 +25,18 @@ BOOL CeBeginTransaction(const CEGUID* guid) {
 BOOL CeEndTransaction(const CEGUID* guid, BOOL commit) {
     Volume* volume = VolumeTable::instance().find(guid);
     return finish(volume != nullptr ? volume->endOperation(commit != FALSE) : ERROR_INVALID_PARAMETER);
+}
+
+BOOL CeCopyRecords(HANDLE from, HANDLE to, DWORD count, DWORD* copied) {
+    DatabaseHandle* source = liveDatabase(from);
+    DatabaseHandle* target = liveDatabase(to);
+    if (source == nullptr || target == nullptr) {
+        return finish(ERROR_INVALID_HANDLE);
+    }
+    DWORD done = 0;
+    const DWORD error = copied != nullptr ? source->copyTo(*target, count, &done) : ERROR_INVALID_PARAMETER;
+    if (copied != nullptr) {
+        *copied = done;
+    }
+    return finish(error);
 }

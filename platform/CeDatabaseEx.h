@@ -30,3 +30,13 @@ BOOL CeEndTransaction(const CEGUID* guid, BOOL commit);
 // or its companions is ever changed (a log left beside it is read, never folded into it). Every
 // write to such a volume fails with ERROR_ACCESS_DENIED.
 constexpr DWORD CEDB_MOUNT_READONLY = 0x00010000;
+
+// Copies up to count records of the database open as from (opened with CEDB_AUTOINCREMENT), from its
+// current record on in its order, into the database open as to, on the same volume or another: each
+// as a new record with every property verbatim, as count turns of CeReadRecordProps(from) and
+// CeWriteRecordProps(to, 0) would, but in one transaction of to's volume and without converting any
+// value on the way. from's pointer moves on past the records copied. *copied says how many: fewer
+// than count when from ran out. FALSE with the error a read or write would give (ERROR_INVALID_DATA
+// for a stored value that a read refuses), and then nothing of this call is kept and from's pointer
+// stays where it was.
+BOOL CeCopyRecords(HANDLE from, HANDLE to, DWORD count, DWORD* copied);

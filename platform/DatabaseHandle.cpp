@@ -1,6 +1,7 @@
 #include "DatabaseHandle.h"
 
 #include "PropertyCodec.h"
+#include "RecordCopy.h"
 #include "RecordTable.h"
 #include "Volume.h"
 
@@ -196,6 +197,48 @@ DWORD DatabaseHandle::write(CEOID oid, const std::vector<CEPROPVAL>& props, CEOI
         if (m_order.locate(*written, &moved) == ERROR_SUCCESS && moved.has_value()) {
             m_position = std::move(*moved);
         }
+    }
+    return error;
+}
+
+DWORD DatabaseHandle::copyTo(DatabaseHandle& to, DWORD count, DWORD* copied) {
+    *copied = 0;
+    if (!m_autoIncrement || &to == this) {
+        return ERROR_INVALID_PARAMETER; // the pointer would never move on
+    }
+    // The pointer as it was, for a copy that is not kept.
+    const State state = m_state;
+    const Position position = m_position;
+    const Volume::ReadPoint foundAt = m_foundAt;
+    const DWORD error = to.volume()->transaction([&] {
+        RecordCopy copy(*volume(), *to.volume(), to.m_info);
+        for (; *copied < count; ++*copied) {
+            int rows = 0;
+            CEOID oid = 0;
+            DWORD error = readCurrent(
+                [&](CEOID record, int* read) {
+                    const DWORD copyError = copy.copy(record, read);
+                    rows = *read;
+                    return copyError;
+                },
+                &oid);
+            if (error == ERROR_NO_MORE_ITEMS) {
+                return ERROR_SUCCESS;
+            }
+            if (error == ERROR_SUCCESS && rows == 0) {
+                error = copy.addEmpty();
+            }
+            if (error != ERROR_SUCCESS) {
+                return error;
+            }
+        }
+        return ERROR_SUCCESS;
+    });
+    if (error != ERROR_SUCCESS) {
+        *copied = 0;
+        m_state = state;
+        m_position = position;
+        m_foundAt = foundAt;
     }
     return error;
 }

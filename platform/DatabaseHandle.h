@@ -31,6 +31,9 @@ public:
     DWORD read(const std::vector<CEPROPID>& wanted, std::vector<CEPROPVAL>* props, CEOID* oid);
     DWORD write(CEOID oid, const std::vector<CEPROPVAL>& props, CEOID* written);
     DWORD deleteRecord(CEOID oid);
+    // Up to count records from the current one on, copied as new records of to, moving on as reads
+    // with CEDB_AUTOINCREMENT do; one transaction of to's volume. *copied < count: the end came.
+    DWORD copyTo(DatabaseHandle& to, DWORD count, DWORD* copied);
 
 private:
     using Position = RecordOrder::Position;

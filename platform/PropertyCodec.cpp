@@ -132,3 +132,23 @@ DWORD PropertyCodec::read(sqlite3_stmt* stmt, int column, CEPROPID propid, CEVAL
     }
     return ERROR_INVALID_DATA;
 }
+
+bool PropertyCodec::isReadable(sqlite3_stmt* stmt, int column, CEPROPID propid) {
+    const WORD type = TypeFromPropID(propid);
+    const int stored = sqlite3_column_type(stmt, column);
+    if (isIntegerType(type)) {
+        CEVALUNION ignored;
+        return stored == SQLITE_INTEGER &&
+               readInteger(sqlite3_column_int64(stmt, column), type, &ignored) == ERROR_SUCCESS;
+    }
+    switch (type) {
+    case CEVT_R8:
+        return stored == SQLITE_FLOAT || stored == SQLITE_INTEGER;
+    case CEVT_LPWSTR:
+        return stored == SQLITE_TEXT;
+    case CEVT_BLOB:
+        return stored == SQLITE_BLOB;
+    default:
+        return false;
+    }
+}

@@ -21,4 +21,6 @@ public:
     // Reads a stored value into out as the type of propid names. ERROR_INVALID_DATA when the
     // stored value is not of that type or does not fit its width (a volume not written by us).
     static DWORD read(sqlite3_stmt* stmt, int column, CEPROPID propid, CEVALUNION* out);
+    // Whether read() would take the stored value, without converting it.
+    static bool isReadable(sqlite3_stmt* stmt, int column, CEPROPID propid);
 };

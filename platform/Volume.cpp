@@ -26,8 +26,11 @@ const char* const kRollback = "ROLLBACK";
 const char* const kSavepoint = "SAVEPOINT call";
 const char* const kReleaseSavepoint = "RELEASE call";
 const char* const kRollbackSavepoint = "ROLLBACK TO call";
+// Properties left without their record (a volume edited by hand without foreign keys) count too, so
+// that a new record never takes them over.
 const char* const kHighestObjectId =
     "SELECT max(ifnull((SELECT max(oid) FROM databases), 0), ifnull((SELECT max(oid) FROM records), 0), "
+    "ifnull((SELECT max(record) FROM props), 0), "
     "ifnull((SELECT value FROM meta WHERE name = 'last_oid' AND typeof(value) = 'integer'), 0))";
 const char* const kRememberObjectId =
     "INSERT INTO meta (name, value) VALUES ('last_oid', ?1) ON CONFLICT (name) DO UPDATE SET value = excluded.value";

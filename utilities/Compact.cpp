@@ -30,9 +30,22 @@ bool readPartner(RecordDatabase& partner, const DbProp& key, DbRecord& record) {
 Walk compactPairs(RecordDatabase& first, RecordDatabase& second, bool firstOnly, int* deleted, UtilityReport& report) {
     DbRecord record;
     DbRecord partnerRecord;
+    const std::vector<CEPROPID> keyOnly = {DayKey::kPropId};
     for (CEOID oid = first.SeekFirst(); oid != 0; oid = first.SeekNext()) {
         report.keepResponsive();
         record.clear();
+        // The walk over orphans looks at a record's key first: most days have their partner, and
+        // then the record, the larger half of the day, need not be read at all.
+        if (firstOnly) {
+            if (!first.ReadCurrent(record, keyOnly)) {
+                return Walk::Failed;
+            }
+            const DbProp* key = record.find(DayKey::kNumber);
+            if (key != nullptr && key->type() == CEVT_FILETIME && second.SeekFirstEqual(*key) != 0) {
+                continue;
+            }
+            record.clear();
+        }
         if (!first.ReadCurrent(record)) {
             return Walk::Failed;
         }

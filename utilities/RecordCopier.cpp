@@ -1,5 +1,6 @@
 #include "RecordCopier.h"
 
+#include "CeDatabaseEx.h"
 #include "UtilityReport.h"
 
 #include <vector>
@@ -7,22 +8,18 @@
 const QString RecordCopier::kDataAccessError = QStringLiteral("Data access error");
 
 bool RecordCopier::copyAll(HANDLE from, HANDLE to, UtilityReport& report) {
-    // One buffer for the whole loop: the reads grow it as the records need.
-    std::vector<CEPROPVAL> props;
+    // In batches, so that a window stays responsive between them.
+    constexpr DWORD kBatch = 256;
     for (;;) {
-        if (CeReadRecordProps(from, 0, &props) == 0) {
-            if (GetLastError() == ERROR_NO_MORE_ITEMS) {
-                return true;
-            }
-            report.message(kDataAccessError);
-            return false;
-        }
-        // A write that fails (a full disk) would otherwise lose the record without a word.
-        if (CeWriteRecordProps(to, 0, props) == 0) {
+        DWORD copied = 0;
+        if (!CeCopyRecords(from, to, kBatch, &copied)) {
             report.message(kDataAccessError);
             return false;
         }
         report.keepResponsive();
+        if (copied < kBatch) {
+            return true;
+        }
     }
 }
 

@@ -10,9 +10,10 @@ class RecordCopier {
 public:
     static const QString kDataAccessError;
 
-    // Reads each record of from (opened with CEDB_AUTOINCREMENT) and writes it as a new record of to,
-    // until the reads run out. A read that fails otherwise than at the end, or a write that fails,
-    // shows "Data access error" and ends the loop; false then.
+    // Copies each record of from (opened with CEDB_AUTOINCREMENT) as a new record of to, until the
+    // records run out, a few hundred at a time. A read that fails otherwise than at the end, or a
+    // write that fails, shows "Data access error" and ends the loop; false then, with nothing of the
+    // last batch kept.
     static bool copyAll(HANDLE from, HANDLE to, UtilityReport& report);
     // Reads each record of from (opened with CEDB_AUTOINCREMENT) without writing it: true when every
     // record can be read. Shows nothing.
