@@ -245,10 +245,15 @@ AerobicExercise AerobicLogPage::newExercise() const {
 }
 
 void AerobicLogPage::SaveExercise() {
-    if (records().SaveExercise(m_date, m_shown, controlValues())) {
+    const AerobicRecords aerobic = records();
+    if (aerobic.SaveExercise(m_date, m_shown, controlValues())) {
         m_shownStored = true;
         m_savedExercise = m_exercise->currentText();
         m_savedCourse = m_course->currentText();
+    } else if (aerobic.FindDay(m_date) != 0) {
+        // The write failed and has been told: the page shows what the store holds, not what was not
+        // saved. Without a record the shown values stay.
+        showExercise(m_shown);
     }
 }
 

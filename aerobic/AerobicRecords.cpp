@@ -4,6 +4,7 @@
 #include "DayKey.h"
 #include "MessageBox.h"
 #include "RecordDatabase.h"
+#include "SaveFailure.h"
 
 #include <algorithm>
 
@@ -87,8 +88,11 @@ bool AerobicRecords::SaveExercise(const QDate& day, int slot, const AerobicExerc
         return fail(kRecordNotFoundError);
     }
     DbRecord stored;
-    if (!db.ReadCurrent(stored) || db.Write(exercise.toRecord(*ids).replacing(stored), db.CurrentRecordId()) == 0) {
+    if (!db.ReadCurrent(stored)) {
         return fail(kErrorAccessingAerobic);
+    }
+    if (db.Write(exercise.toRecord(*ids).replacing(stored), db.CurrentRecordId()) == 0) {
+        return fail(SaveFailure::text(GetLastError()));
     }
     return true;
 }
@@ -137,7 +141,7 @@ bool AerobicRecords::DeleteExercise(const QDate& day, int slot) const {
         }
     }
     if (!changes.isEmpty() && db.Write(changes, db.CurrentRecordId()) == 0) {
-        return fail(kErrorAccessingAerobic);
+        return fail(SaveFailure::text(GetLastError()));
     }
     return true;
 }

@@ -3,7 +3,8 @@
 // holding up to three exercises in fixed slots.
 //
 // Each operation opens the database, does its work and closes it. A failure is shown at once in a
-// message box with the operation's fixed text, and nothing more is written.
+// message box with the operation's fixed text, and nothing more is written; a write that fails (a
+// full disk) is told with SaveFailure's text.
 
 #include "AerobicDay.h"
 

@@ -3,7 +3,8 @@
 // before then).
 //   --device DIR         the device folder
 //   --scale N            the whole number of desktop pixels per device pixel (1 to 8)
-//   --screenshots DIR    writes the screenshots of the device screen into DIR and exits
+//   --screenshots DIR    writes the screenshots of the device screen into DIR and exits (at scale 1
+//                        unless --scale is given)
 //   --quit-after-start   exits as soon as the Today page has been painted (start-up measurement)
 
 #include <QString>

@@ -1,6 +1,8 @@
 #include "ConfirmDialog.h"
 
+#include "MessageBox.h"
 #include "RegistryHelper.h"
+#include "SaveFailure.h"
 #include "Settings.h"
 #include "resource.h"
 
@@ -52,7 +54,9 @@ void ConfirmDialog::onOk() {
     // Only the exact lower-case word confirms.
     m_result.confirmed = !m_yesMode || m_yes->text() == QStringLiteral("yes");
     if (m_dontShow->isVisibleTo(this) && m_dontShow->isChecked()) {
-        RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, Settings::kDontShow, 1);
+        if (const DWORD error = RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, Settings::kDontShow, 1)) {
+            MessageBoxW(this, SaveFailure::text(error), QStringLiteral("Kovalin"), MB_OK | MB_ICONERROR);
+        }
     }
     accept();
 }

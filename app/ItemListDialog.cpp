@@ -4,6 +4,7 @@
 #include "ItemListUserMode.h"
 #include "MessageBox.h"
 #include "NameList.h"
+#include "RecordLimits.h"
 #include "UserList.h"
 #include "resource.h"
 
@@ -50,6 +51,7 @@ ItemListDialog::ItemListDialog(QWidget* parent) : DeviceDialog(QStringLiteral("I
     m_prompt1 = makePrompt(content(), IDC_ITEM_PROMPT1);
     m_edit = new QLineEdit(content());
     m_edit->setObjectName(controlName(IDC_ITEM_EDIT));
+    m_edit->setMaxLength(RecordLimits::kMaxNameLength);
     auto* addButton = new QPushButton(QStringLiteral("Add"), content());
     addButton->setObjectName(controlName(IDC_ITEM_ADD));
     addButton->setAutoDefault(false);
@@ -116,12 +118,11 @@ void ItemListDialog::closeHandingBack(const QString& name) {
 
 void ItemListDialog::add() {
     const QString text = m_edit->text();
-    if (text.isEmpty()) {
-        return;
-    }
-    if (addText(text)) {
+    if (!text.isEmpty() && addText(text)) {
         m_edit->clear();
     }
+    // The next name is typed straight away, with no tap on the edit box first.
+    m_edit->setFocus();
 }
 
 bool ItemListDialog::addText(const QString& text) {

@@ -11,6 +11,7 @@
 #include "OptionsDialog.h"
 #include "PhotoViewer.h"
 #include "RegistryHelper.h"
+#include "SaveFailure.h"
 #include "Settings.h"
 #include "StartupDialog.h"
 #include "UserManager.h"
@@ -157,7 +158,10 @@ void MainDialog::placePages() {
 void MainDialog::SetCurrentUser(const QString& name) {
     m_userName = name == QStringLiteral("Default") ? QString() : name;
     m_databaseNames = DatabaseCatalogue::userDatabaseNames(m_userName);
-    RegistryHelper::SetString(HKEY_CURRENT_USER, Settings::kKey, Settings::kLastUser, m_userName);
+    if (const DWORD error =
+            RegistryHelper::SetString(HKEY_CURRENT_USER, Settings::kKey, Settings::kLastUser, m_userName)) {
+        MessageBoxW(this, SaveFailure::text(error), QStringLiteral("Kovalin"), MB_OK | MB_ICONERROR);
+    }
 }
 
 QString MainDialog::databaseName(UserDatabase which) const {

@@ -1,7 +1,9 @@
 #include "OptionsDialog.h"
 
 #include "DeviceFonts.h"
+#include "MessageBox.h"
 #include "RegistryHelper.h"
+#include "SaveFailure.h"
 #include "Settings.h"
 #include "WrappingCheckBox.h"
 #include "resource.h"
@@ -16,9 +18,6 @@ DWORD setting(const QString& name) {
     return RegistryHelper::GetDword(HKEY_CURRENT_USER, Settings::kKey, name);
 }
 
-void store(const QString& name, DWORD value) {
-    RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, name, value);
-}
 
 QCheckBox* makeBox(QWidget* parent, int id, const QString& text, bool multiLine) {
     QCheckBox* box = multiLine ? new WrappingCheckBox(text, parent) : new QCheckBox(text, parent);
@@ -99,11 +98,17 @@ void OptionsDialog::pullWtClicked() {
 }
 
 void OptionsDialog::onOk() {
-    store(Settings::kPullWt, m_pullWt->isChecked() ? 1 : 0);
-    store(Settings::kCkDate, m_ckDate->isChecked() ? 1 : 0);
-    store(Settings::kFillIn, m_fillIn->isChecked() ? 1 : 0);
-    store(Settings::kShowBox, m_showBox->isChecked() ? 1 : 0);
-    store(Settings::kPullLast, m_pullLast->isChecked() ? 0 : 1);
-    store(Settings::kAsOne, m_asOne->isChecked() ? 0 : 1);
+    const std::pair<QString, DWORD> values[] = {
+        {Settings::kPullWt, m_pullWt->isChecked() ? 1 : 0},     {Settings::kCkDate, m_ckDate->isChecked() ? 1 : 0},
+        {Settings::kFillIn, m_fillIn->isChecked() ? 1 : 0},     {Settings::kShowBox, m_showBox->isChecked() ? 1 : 0},
+        {Settings::kPullLast, m_pullLast->isChecked() ? 0 : 1}, {Settings::kAsOne, m_asOne->isChecked() ? 0 : 1}};
+    for (const auto& [name, value] : values) {
+        if (const DWORD error = RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, name, value)) {
+            // The dialog stays, showing the settings as they are stored.
+            MessageBoxW(this, SaveFailure::text(error), QStringLiteral("Options"), MB_OK | MB_ICONERROR);
+            readSettings();
+            return;
+        }
+    }
     accept();
 }

@@ -40,7 +40,9 @@ void PhotoViewer::show(QWidget* parent) {
 
 PhotoViewer::PhotoViewer(const QPixmap& photo, QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("PhotoViewer"));
-    setWindowTitle(QStringLiteral("Photo"));
+    // The photo fills the screen below the navigation bar: its title is the one place left to say how
+    // to close it.
+    setWindowTitle(QStringLiteral("Photo - tap to close"));
     setAutoFillBackground(true);
     QPalette black = palette();
     black.setColor(QPalette::Window, Qt::black);

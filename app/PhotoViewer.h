@@ -1,6 +1,7 @@
 #pragma once
 // The photo viewer: shows the 240 x 290 JPEG picture "picture.jpg" of the program's folder below the
-// navigation bar; a tap closes it. Without the picture a message says where to put one.
+// navigation bar, whose title says that a tap closes it (Escape does too). Without the picture a
+// message says where to put one.
 
 #include "DeviceScreen.h"
 

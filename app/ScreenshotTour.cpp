@@ -17,6 +17,7 @@
 #include "KovalinApp.h"
 #include "MainDialog.h"
 #include "NumberEdit.h"
+#include "PhotoViewer.h"
 #include "RecordDatabase.h"
 #include "RegistryHelper.h"
 #include "ReportChart.h"
@@ -30,12 +31,16 @@
 #include "UtilitiesDialog.h"
 #include "resource.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
@@ -53,6 +58,24 @@
 #include <cstdio>
 
 namespace {
+// The screens written again at scales 2 and 3: where texts are wrapped, cut or drawn small, and where
+// lists open.
+const QStringList kScaledShots = {QStringLiteral("today-summary.png"),
+                                  QStringLiteral("set-grid.png"),
+                                  QStringLiteral("set-grid-exercise-list.png"),
+                                  QStringLiteral("set-grid-picked.png"),
+                                  QStringLiteral("set-grid-weight-restored.png"),
+                                  QStringLiteral("food-meals.png"),
+                                  QStringLiteral("item-list-added.png"),
+                                  QStringLiteral("aerobic-intensity-list.png"),
+                                  QStringLiteral("reports-measure-list.png"),
+                                  QStringLiteral("reports-past-week.png"),
+                                  QStringLiteral("reports-four-weeks.png"),
+                                  QStringLiteral("reports-body-weight-year.png"),
+                                  QStringLiteral("reports-workouts-per-week-year.png"),
+                                  QStringLiteral("photo.png"),
+                                  QStringLiteral("utilities-cancelled.png")};
+
 const QStringList kTabNames = {QStringLiteral("today"),   QStringLiteral("upper-body"), QStringLiteral("lower-body"),
                                QStringLiteral("aerobic"), QStringLiteral("food"),       QStringLiteral("reports"),
                                QStringLiteral("calendar")};
@@ -142,7 +165,7 @@ bool writeFoodDay(const QDate& today) {
     values.quads = 24.5;
     values.calves = 15.5;
     const Meal meals[] = {meal(QTime(7, 5), "Egg Whites", "Oatmeal", "", "Multivitamin"),
-                          meal(QTime(10, 0), "Cottage Cheese", "Strawberries", "", ""),
+                          meal(QTime(10, 0), "Cottage Cheese", "Strawberries", "Brussels Sprouts", "Multivitamin"),
                           meal(QTime(12, 30), "Chicken", "Brown Rice", "Broccoli", ""),
                           meal(QTime(15, 45), "Tuna", "Wheat Bread", "Lettuce", "Fish Oil"),
                           meal(QTime(19, 15), "Salmon", "Potato", "Asparagus", "")};
@@ -247,7 +270,7 @@ bool writeReportHistory(const QDate& today) {
 }
 } // namespace
 
-ScreenshotTour::ScreenshotTour(const QString& directory) : m_directory(directory) {}
+ScreenshotTour::ScreenshotTour(const QString& directory, int scale) : m_directory(directory), m_scale(scale) {}
 
 int ScreenshotTour::run() {
     QTemporaryDir deviceDir;
@@ -334,13 +357,45 @@ void ScreenshotTour::tourPages() {
         }
     });
     screen.findChild<QAction*>(QStringLiteral("cmd%1").arg(ID_MENU_OPTIONS))->trigger();
+    tourPhoto();
     tourStrength();
     tourAerobic();
     tourOverview();
     tourReports();
     tourUtilities();
+    tourImport();
     tourUsers();
     QApplication::quit();
+}
+
+void ScreenshotTour::tourPhoto() {
+    // A picture of our own: hills under an evening sky.
+    QImage photo(PhotoViewer::kPhotoWidth, PhotoViewer::kPhotoHeight, QImage::Format_RGB32);
+    QPainter painter(&photo);
+    QLinearGradient sky(0, 0, 0, photo.height());
+    sky.setColorAt(0, QColor(0x2B, 0x4C, 0x9A));
+    sky.setColorAt(1, QColor(0xF2, 0xA6, 0x5A));
+    painter.fillRect(photo.rect(), sky);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0xFF, 0xE0, 0x8A));
+    painter.drawEllipse(QPointF(160, 170), 28, 28);
+    painter.setBrush(QColor(0x2E, 0x5E, 0x3A));
+    painter.drawEllipse(QPointF(60, 330), 170, 130);
+    painter.setBrush(QColor(0x1F, 0x45, 0x2A));
+    painter.drawEllipse(QPointF(210, 350), 150, 120);
+    painter.end();
+    if (!photo.save(PhotoViewer::hostPath(), "JPEG")) {
+        m_failed.append(QStringLiteral("cannot write ") + PhotoViewer::hostPath());
+        return;
+    }
+    QTimer::singleShot(0, this, [this] {
+        save(grabScreen(), QStringLiteral("photo.png"));
+        if (QDialog* viewer = visibleDialog(QStringLiteral("PhotoViewer"))) {
+            viewer->accept();
+        }
+    });
+    command(ID_MENU_PHOTO);
 }
 
 void ScreenshotTour::tourStrength() {
@@ -361,6 +416,18 @@ void ScreenshotTour::tourStrength() {
     command(ID_UPPER_CHEST);
     save(grabScreen(), QStringLiteral("set-grid.png"));
     auto* grid = static_cast<SetGrid*>(main.setGrid());
+    // The tenth row's exercise list, the lowest row shown, opens inside the screen; the name picked
+    // there reads as the other rows' names do.
+    m_app->screen().activateWindow();
+    DeviceCombo* tenth = grid->row(9).exercise;
+    tenth->setFocus();
+    tenth->showPopup();
+    QApplication::processEvents();
+    save(grabScreen(), QStringLiteral("set-grid-exercise-list.png"));
+    tenth->view()->setCurrentIndex(tenth->model()->index(tenth->findText(QStringLiteral("Incline Dumbbell Press")), 0));
+    type(tenth->view(), {}, Qt::Key_Return);
+    QApplication::processEvents();
+    save(grabScreen(), QStringLiteral("set-grid-picked.png"));
     grid->scrollBar()->setValue(grid->scrollBar()->maximum());
     save(grabScreen(), QStringLiteral("set-grid-scrolled.png"));
     grid->scrollBar()->setValue(0);
@@ -375,7 +442,21 @@ void ScreenshotTour::tourStrength() {
     QApplication::processEvents();
     whenUp(QStringLiteral("SelectExerciseDialog"), QStringLiteral("select-exercise.png"));
     command(ID_GRID_SELECTEXERCISE);
-    whenUp(QStringLiteral("ItemListDialog"), QStringLiteral("item-list.png"), QStringLiteral("Cable Crossover"));
+    // A name typed, then added with a tap on Add: the focus is back in the edit box for the next one.
+    QTimer::singleShot(0, this, [this] {
+        QDialog* editor = visibleDialog(QStringLiteral("ItemListDialog"));
+        if (editor == nullptr) {
+            m_failed.append(QStringLiteral("no item list editor"));
+            return;
+        }
+        editor->findChild<QLineEdit*>(QStringLiteral("c%1").arg(IDC_ITEM_EDIT))
+            ->setText(QStringLiteral("Cable Crossover"));
+        save(grabScreen(), QStringLiteral("item-list.png"));
+        tapStart(editor->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDC_ITEM_ADD)));
+        type(QApplication::focusWidget(), QStringLiteral("Pec Deck"));
+        save(grabScreen(), QStringLiteral("item-list-added.png"));
+        editor->reject();
+    });
     command(ID_GRID_EDITLIST);
     command(ID_GRID_CANCEL);
     tourControls();
@@ -455,6 +536,9 @@ void ScreenshotTour::tourControls() {
     type(typed, QStringLiteral("9"));
     whenUp(QStringLiteral("DeviceMessageBox"), QStringLiteral("range-message.png"));
     command(ID_GRID_SAVE);
+    // After the message the weight shows its last accepted value, selected, to be put right.
+    QApplication::processEvents();
+    save(grabScreen(), QStringLiteral("set-grid-weight-restored.png"));
     command(ID_GRID_CANCEL);
 }
 
@@ -476,6 +560,12 @@ void ScreenshotTour::tourAerobic() {
     save(grabScreen(), QStringLiteral("aerobic-exercise-2.png"));
     whenUp(QStringLiteral("DeviceMessageBox"), QStringLiteral("aerobic-delete-question.png"));
     button(IDC_AEROBIC_DELETE)->click();
+    // The last minute's intensity list, at the bottom of the form, opens inside the screen.
+    auto* minute20 = page->findChild<QComboBox*>(QStringLiteral("c%1").arg(IDC_AEROBIC_MINUTES[19]));
+    minute20->showPopup();
+    QApplication::processEvents();
+    save(grabScreen(), QStringLiteral("aerobic-intensity-list.png"));
+    minute20->hidePopup();
     RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, Settings::kShowBox, 0);
     main.SelectPage(0);
     main.SelectPage(3);
@@ -566,6 +656,14 @@ void ScreenshotTour::tourReports() {
         QApplication::processEvents();
         save(grabScreen(), name);
     };
+    // The measure list open, inside the screen; body weight over a week, four weeks and a year.
+    auto* measures = page->findChild<QComboBox*>(QStringLiteral("c%1").arg(IDC_REPORTS_MEASURE));
+    measures->showPopup();
+    picture(QStringLiteral("reports-measure-list.png"));
+    measures->hidePopup();
+    picture(QStringLiteral("reports-past-week.png"));
+    choose(IDC_REPORTS_PERIOD, QStringLiteral("Past Four Weeks"));
+    picture(QStringLiteral("reports-four-weeks.png"));
     choose(IDC_REPORTS_PERIOD, QStringLiteral("Past Year"));
     picture(QStringLiteral("reports-body-weight-year.png"));
 
@@ -585,6 +683,8 @@ void ScreenshotTour::tourReports() {
 
     choose(IDC_REPORTS_MEASURE, QStringLiteral("Workouts Per Week"));
     picture(QStringLiteral("reports-workouts-per-week.png"));
+    choose(IDC_REPORTS_PERIOD, QStringLiteral("Past Year"));
+    picture(QStringLiteral("reports-workouts-per-week-year.png"));
     choose(IDC_REPORTS_MEASURE, QStringLiteral("Wt Misc, Set #"));
     choose(IDC_REPORTS_PERIOD, QStringLiteral("Past Week"));
     picture(QStringLiteral("reports-no-entries.png"));
@@ -688,6 +788,8 @@ void ScreenshotTour::tourUtilities() {
             box->reject();
         });
         button(IDC_UTIL_RESTORE)->click();
+        QApplication::processEvents();
+        save(grabScreen(), QStringLiteral("utilities-cancelled.png"));
         // The delete confirmation with "yes" typed, then cancelled; "Operation cancelled" is closed unseen.
         whenVisible(QStringLiteral("ConfirmDialog"), [this](QDialog* confirm) {
             confirm->findChild<QLineEdit*>()->setText(QStringLiteral("yes"));
@@ -699,6 +801,114 @@ void ScreenshotTour::tourUtilities() {
         dialog->accept();
     });
     command(ID_MENU_UTILITIES);
+}
+
+namespace {
+// A week of FitNotes history, as its Spreadsheet Export writes it: the shared sample, moved to a
+// week before the history the reports chart.
+const char* const kFitNotesWeek =
+    "Date,Exercise,Category,Weight (kgs),Reps,Distance,Distance Unit,Time,Comment\n"
+    "2023-12-11,Flat Barbell Bench Press,Chest,80.0,8,,,,\n"
+    "2023-12-11,Flat Barbell Bench Press,Chest,85.0,6,,,,\"felt strong, slight elbow pain\"\n"
+    "2023-12-11,Flat Barbell Bench Press,Chest,85.0,5,,,,\n"
+    "2023-12-11,Incline Dumbbell Press,Chest,30.0,10,,,,\n"
+    "2023-12-11,Barbell Row,Back,70.0,8,,,,\n"
+    "2023-12-11,Barbell Row,Back,70.0,8,,,,\n"
+    "2023-12-11,Cable Crunch,Abs,40.0,15,,,,\n"
+    "2023-12-13,Barbell Squat,Legs,100.0,5,,,,\n"
+    "2023-12-13,Barbell Squat,Legs,100.0,5,,,,\n"
+    "2023-12-13,Romanian Deadlift,Legs,90.0,8,,,,\n"
+    "2023-12-13,Standing Calf Raise,Legs,60.0,12,,,,\n"
+    "2023-12-13,Treadmill,Cardio,,,5.0,km,0:28:30,\n"
+    "2023-12-15,Overhead Press,Shoulders,45.0,6,,,,\n"
+    "2023-12-15,Dumbbell Curl,Biceps,14.0,10,,,,\n"
+    "2023-12-15,Tricep Pushdown,Triceps,25.0,12,,,,\n"
+    "2023-12-15,Cycling,Cardio,,,20.0,km,0:45:00,Easy ride\n";
+} // namespace
+
+void ScreenshotTour::tourImport() {
+    QTemporaryDir desktop;
+    const QString sample = desktop.filePath(QStringLiteral("fitnotes.csv"));
+    QFile file(sample);
+    // Version 1 data on the device, so that Import offers the choice.
+    if (!file.open(QIODevice::WriteOnly) || file.write(kFitNotesWeek) < 0 ||
+        !RecordDatabase::Create(QStringLiteral("KovUpperBody"), RecordDatabase::kDatabaseType, DayKey::kPropId)) {
+        m_failed.append(QStringLiteral("cannot write the FitNotes sample"));
+        return;
+    }
+    file.close();
+    QTimer::singleShot(0, this, [this, sample] {
+        auto* dialog = m_app->screen().findChild<UtilitiesDialog*>(QStringLiteral("UtilitiesDialog"));
+        if (dialog == nullptr) {
+            m_failed.append(QStringLiteral("no Utilities dialog"));
+            return;
+        }
+        dialog->setFileChooser([this, sample](QWidget* parent) {
+            QFileDialog files(parent, QStringLiteral("Import a history"), QFileInfo(sample).path(),
+                              QStringLiteral("Histories (*.csv);;All files (*)"));
+            files.setOption(QFileDialog::DontUseNativeDialog);
+            files.setWindowFlag(Qt::Window);
+            files.resize(520, 330);
+            files.selectFile(sample);
+            QTimer::singleShot(50, &files, [this, &files] {
+                save(grabDesktop(&files), QStringLiteral("import-file-dialog.png"));
+                static_cast<QDialog&>(files).accept();
+            });
+            return files.exec() == QDialog::Accepted ? files.selectedFiles() : QStringList();
+        });
+        // The choice, answered No (files); then, once the file is read, the report.
+        whenVisible(QStringLiteral("DeviceMessageBox"), [this](QDialog* box) {
+            save(grabScreen(), QStringLiteral("import-choice.png"));
+            box->reject();
+            QTimer::singleShot(0, this, [this] {
+                whenVisible(QStringLiteral("DeviceMessageBox"), [this](QDialog* report) {
+                    save(grabScreen(), QStringLiteral("import-report.png"));
+                    report->accept();
+                });
+            });
+        });
+        dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDC_UTIL_IMPORT))->click();
+        dialog->accept();
+    });
+    command(ID_MENU_UTILITIES);
+    RecordDatabase version1;
+    if (version1.Open(QStringLiteral("KovUpperBody"))) {
+        version1.DeleteDatabase();
+    }
+
+    MainDialog& main = m_app->screen().mainDialog();
+    main.SetDateOnAllPages(QDate(2023, 12, 11));
+    auto picture = [this, &main](int page, const QString& name) {
+        main.SelectPage(page);
+        QApplication::processEvents();
+        save(grabScreen(), name);
+    };
+    picture(1, QStringLiteral("import-upper-body.png"));
+    picture(6, QStringLiteral("import-calendar.png"));
+    auto* reports = static_cast<ReportsPage*>(main.page(5));
+    main.SelectPage(5);
+    for (const auto& [id, text] : {std::pair{IDC_REPORTS_MEASURE, "Workouts Per Week"},
+                                   std::pair{IDC_REPORTS_PERIOD, "Past Year"}}) {
+        auto* combo = reports->findChild<QComboBox*>(QStringLiteral("c%1").arg(id));
+        combo->setCurrentIndex(combo->findText(QLatin1String(text)));
+    }
+    picture(5, QStringLiteral("import-reports.png"));
+    main.SetDateOnAllPages(Clock::now().date());
+    main.SelectPage(0);
+}
+
+QImage ScreenshotTour::grabDesktop(QWidget* window) const {
+    const QImage screen = grabScreen();
+    const QPixmap dialog = window->grab();
+    const QPoint at(screen.width() - 90, 40);
+    QImage desktop(std::max(screen.width(), at.x() + dialog.width()) + 16,
+                   std::max(screen.height(), at.y() + dialog.height()) + 16, QImage::Format_RGB32);
+    desktop.fill(QColor(0x3b, 0x4a, 0x5c));
+    QPainter painter(&desktop);
+    painter.drawImage(8, 8, screen);
+    painter.fillRect(QRect(at + QPoint(10, 10), dialog.size()), QColor(0, 0, 0, 90)); // its shadow
+    painter.drawPixmap(at, dialog);
+    return desktop;
 }
 
 void ScreenshotTour::whenVisible(const QString& dialogName, const std::function<void(QDialog*)>& act) {
@@ -779,9 +989,14 @@ QImage ScreenshotTour::grabScreen() const {
 }
 
 void ScreenshotTour::save(const QImage& image, const QString& name) {
-    const QString path = QDir(m_directory).filePath(name);
+    if (m_scale > 1 && !kScaledShots.contains(name)) {
+        return;
+    }
+    const QString file =
+        m_scale > 1 ? QString(name).replace(QStringLiteral(".png"), QStringLiteral("-x%1.png").arg(m_scale)) : name;
+    const QString path = QDir(m_directory).filePath(file);
     if (image.save(path, "PNG")) {
-        m_written.append(name);
+        m_written.append(file);
     } else {
         m_failed.append(QStringLiteral("cannot write ") + path);
     }

@@ -1,7 +1,7 @@
 #pragma once
-// Writes PNG pictures of the device screen at scale 1 (240 x 320): the start-up box, the release
+// Writes PNG pictures of the device screen (240 x 320 at scale 1): the start-up box, the release
 // notes, every tab, the menu open, the Options dialog, the strength screens with a workout and the food page
-// with a day's food, the users. Runs the whole program
+// with a day's food, the drop-down lists open, the reports, the photo, the users. Runs the whole program
 // offscreen on a fresh temporary device with the clock fixed, driving it as a user would.
 
 #include <QImage>
@@ -19,7 +19,9 @@ class QWidget;
 class ScreenshotTour : public QObject {
     Q_OBJECT
 public:
-    explicit ScreenshotTour(const QString& directory);
+    // At scale 1 every picture is written; at a larger scale only those of the screens a person
+    // reads closely, named with "-x" and the scale ("today-summary-x2.png").
+    ScreenshotTour(const QString& directory, int scale);
 
     // 0 when every picture was written.
     int run();
@@ -29,6 +31,8 @@ private:
     void onStartupText(const QString& text);
     void answerReleaseNotes();
     void tourPages();
+    // The photo viewer with a picture of our own.
+    void tourPhoto();
     // The strength pages with a workout listed, their menus, the set-entry grid, the exercise picker
     // and the item list editor.
     void tourStrength();
@@ -56,6 +60,12 @@ private:
     // The Utilities dialog: idle, a backup under way, its closing message and the dialog after it, the
     // restore question and the delete confirmation.
     void tourUtilities();
+    // Import: the choice between version 1 data and files, the desktop's file dialog over the device
+    // screen, the report after the FitNotes sample came in, and the imported week on the upper-body
+    // page, the calendar and the reports.
+    void tourImport();
+    // The device screen on a piece of desktop with window drawn over it, as a person sees the two.
+    QImage grabDesktop(QWidget* window) const;
     // Acts on the dialog of that name once it is up, however long that takes.
     void whenVisible(const QString& dialogName, const std::function<void(QDialog*)>& act);
     // A tap on the first field of target, and keys typed into it as a person types them.
@@ -71,6 +81,7 @@ private:
     void save(const QImage& image, const QString& name);
 
     QString m_directory;
+    int m_scale;
     KovalinApp* m_app = nullptr;
     QStringList m_written;
     QStringList m_failed;

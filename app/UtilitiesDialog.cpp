@@ -5,6 +5,7 @@
 #include "DeleteAllData.h"
 #include "DeviceFonts.h"
 #include "ExportRunner.h"
+#include "HistoryImport.h"
 #include "MainDialog.h"
 #include "MessageBox.h"
 #include "Restore.h"
@@ -12,6 +13,8 @@
 #include "resource.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileDialog>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -32,8 +35,17 @@ const QString UtilitiesDialog::kHelpText = QStringLiteral(
     "format for importing into desktop programs for furhter analysis.  IMPORT: Brings in data from older versions of "
     "Kovalin.  For more information, click the appropriate item.");
 
+const QString UtilitiesDialog::kImportQuestion = QStringLiteral(
+    "This device holds data of Kovalin version 1. Import it now?  Choose No to bring in a history from files "
+    "instead.");
+
 UtilitiesDialog::UtilitiesDialog(MainDialog& main)
     : DeviceDialog(QStringLiteral("UtilitiesDialog"), QStringLiteral("Utilities"), &main), m_main(main) {
+    m_chooseFiles = [](QWidget* parent) {
+        return QFileDialog::getOpenFileNames(
+            parent, QStringLiteral("Import a history"), QDir::homePath(),
+            QStringLiteral("Histories (*.csv);;All files (*)"));
+    };
     addButton(IDC_UTIL_BACKUP, QStringLiteral("Backup"), &UtilitiesDialog::backup);
     addButton(IDC_UTIL_RESTORE, QStringLiteral("Restore"), &UtilitiesDialog::restore);
     addButton(IDC_UTIL_EXPORT, QStringLiteral("Export"), &UtilitiesDialog::exportData);
@@ -105,7 +117,7 @@ void UtilitiesDialog::backup() {
 void UtilitiesDialog::restore() {
     status(QStringLiteral("Restoring..."));
     if (!askYesNo(Restore::question(m_main.currentUserName()))) {
-        status(kCancelled);
+        cancelled();
         return;
     }
     running([this] { Restore::run(m_main.currentUserName(), *this); });
@@ -123,7 +135,7 @@ void UtilitiesDialog::deleteAllData() {
     request.text = DeleteAllData::question();
     request.yesBox = true;
     if (!m_main.confirm(request).confirmed) {
-        status(kCancelled);
+        cancelled();
         message(QStringLiteral("Operation cancelled"));
         return;
     }
@@ -139,14 +151,49 @@ void UtilitiesDialog::deleteAllData() {
 void UtilitiesDialog::exportData() {
     status(QStringLiteral("Exporting..."));
     if (!askYesNo(ExportRunner::question())) {
-        status(kCancelled);
+        cancelled();
         return;
     }
     running([this] { ExportRunner::run(m_main.currentUserName(), *this); });
 }
 
 void UtilitiesDialog::importData() {
+    if (!Version1Import::dataPresent() || !askYesNo(kImportQuestion)) {
+        importHistory();
+        return;
+    }
     running([this] { Version1Import::run(m_main.currentUserName(), *this); });
+    m_main.RefreshLogPages();
+}
+
+void UtilitiesDialog::cancelled() {
+    status(kCancelled);
+    // Nothing ran: a bar left full by the operation before would say otherwise.
+    m_progress->setValue(m_progress->minimum());
+}
+
+void UtilitiesDialog::importHistory() {
+    status(QStringLiteral("Importing..."));
+    // One or more files: all of a folder's brings the folder.
+    const QStringList paths = m_chooseFiles(this);
+    if (paths.isEmpty()) {
+        cancelled();
+        return;
+    }
+    HistoryImport::Outcome outcome;
+    running([this, &paths, &outcome] { outcome = HistoryImport(m_main.currentUserName(), paths, {}).run(); });
+    status(outcome.refused    ? QStringLiteral("Nothing imported.")
+           : outcome.complete ? QStringLiteral("Import complete.")
+                              : QStringLiteral("Imported, with rows left out."));
+    // A box holds a screenful; the command line lists every row.
+    constexpr int kShownLines = 16;
+    QStringList lines = outcome.text.split(QLatin1Char('\n'));
+    if (lines.size() > kShownLines) {
+        const qsizetype more = lines.size() - kShownLines;
+        lines = lines.mid(0, kShownLines);
+        lines << QStringLiteral("... and %1 more (kovalin-cli import lists them all).").arg(more);
+    }
+    message(lines.join(QLatin1Char('\n')));
     m_main.RefreshLogPages();
 }
 

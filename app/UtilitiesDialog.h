@@ -7,6 +7,9 @@
 #include "UtilityReport.h"
 
 #include <QElapsedTimer>
+#include <QStringList>
+
+#include <functional>
 
 class MainDialog;
 class QLabel;
@@ -22,6 +25,13 @@ public:
 
     // True once Delete has removed the data: the program is to end when the dialog has closed.
     bool endsProgram() const { return m_endsProgram; }
+
+    // What Import asks when the device holds version 1 data: Yes imports it, No files.
+    static const QString kImportQuestion;
+    // Chooses the files of a history to import (none: cancelled). The desktop's file dialog, unless a
+    // test sets another.
+    using FileChooser = std::function<QStringList(QWidget* parent)>;
+    void setFileChooser(FileChooser chooser) { m_chooseFiles = std::move(chooser); }
 
     void backup();
     void restore();
@@ -46,6 +56,8 @@ private:
     // Runs an operation with the buttons off, so that the events handled meanwhile start nothing.
     template <typename Operation> void running(Operation&& operation);
     bool askYesNo(const QString& text);
+    void cancelled();
+    void importHistory();
 
     MainDialog& m_main;
     QList<QPushButton*> m_buttons;
@@ -54,4 +66,5 @@ private:
     int m_step = 10; // the device control's step until one is set
     QElapsedTimer m_sincePaint;
     bool m_endsProgram = false;
+    FileChooser m_chooseFiles;
 };

@@ -4,6 +4,7 @@
 #include "CeDatabase.h"
 #include "CommandLine.h"
 #include "DeviceFonts.h"
+#include "DeviceLock.h"
 #include "DeviceMessageBoxPresenter.h"
 #include "DevicePaths.h"
 #include "ErrorMessage.h"
@@ -44,6 +45,11 @@ int runOnDevice(const CommandLine& line) {
         if (instance.error() != ERROR_SHARING_VIOLATION) {
             return fail(ErrorMessage::forPath(paths.root(), instance.error()));
         }
+        // A command of the command line holding the device says who it is in the lock.
+        if (const QString holder = DeviceLock::holder(paths.lockFile()); !holder.isEmpty()) {
+            return fail(QStringLiteral("A command (%1) is working on this device; start Kovalin when it has finished.")
+                            .arg(holder));
+        }
         const QString text = QStringLiteral("Kovalin is already running on this device.");
         std::fprintf(stderr, "kovalin: %s (%s)\n", qPrintable(text), qPrintable(paths.root()));
         if (!instance.activateRunning()) {
@@ -56,9 +62,10 @@ int runOnDevice(const CommandLine& line) {
         return fail(ErrorMessage::forPath(paths.objectStore(), GetLastError()));
     }
     // The folders come after the store, so that a start refused before leaves an empty folder empty.
-    if (const DWORD error = paths.createFolders(); error != ERROR_SUCCESS) {
+    QString folder;
+    if (const DWORD error = paths.createFolders(&folder); error != ERROR_SUCCESS) {
         CeUnmountObjectStore();
-        return fail(ErrorMessage::forPath(paths.root(), error));
+        return fail(ErrorMessage::forPath(folder, error));
     }
     int code = 0;
     {
@@ -105,7 +112,7 @@ int main(int argc, char* argv[]) {
     // Everything is laid out in device pixels; the scale makes them desktop pixels.
     if (!line.screenshotsDir.isEmpty()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
-        qputenv("QT_SCALE_FACTOR", "1");
+        qputenv("QT_SCALE_FACTOR", QByteArray::number(line.scaleGiven ? line.scale : 1));
     } else if (line.scaleGiven || !qEnvironmentVariableIsSet("QT_SCALE_FACTOR")) {
         qputenv("QT_SCALE_FACTOR", QByteArray::number(line.scale));
     }
@@ -116,7 +123,7 @@ int main(int argc, char* argv[]) {
     DeviceFonts::install();
     KovalinApp::setDialogColours();
     if (!line.screenshotsDir.isEmpty()) {
-        return ScreenshotTour(line.screenshotsDir).run();
+        return ScreenshotTour(line.screenshotsDir, line.scaleGiven ? line.scale : 1).run();
     }
     return runOnDevice(line);
 }

@@ -8,9 +8,11 @@
 #include "DevicePaths.h"
 #include "ErrorMessage.h"
 #include "ExportRunner.h"
+#include "HistoryImport.h"
 #include "RegistryHelper.h"
 #include "Restore.h"
 #include "Settings.h"
+#include "TablesExport.h"
 #include "UserList.h"
 
 #include <QFile>
@@ -22,6 +24,15 @@ int CliRun::fail(const QString& text) {
     return 1;
 }
 
+QString CliRun::refusedLock(const QString& holder) const {
+    if (holder.startsWith(kHolderPrefix)) {
+        return QStringLiteral("Another command (kovalin-cli %1) is running on this device; run %2 when it has "
+                              "finished.")
+            .arg(holder.mid(kHolderPrefix.size()), m_options.command);
+    }
+    return QStringLiteral("Kovalin is running on this device; close it before running %1.").arg(m_options.command);
+}
+
 int CliRun::exec() {
     const DevicePaths paths(DevicePaths::resolve(m_options.device));
     // The command line works on a device Kovalin has made; it never makes one.
@@ -29,14 +40,16 @@ int CliRun::exec() {
         return fail(QStringLiteral("There is no Kovalin device in %1 (it has no objectstore.db).").arg(paths.root()));
     }
     std::unique_ptr<DeviceLock> lock;
-    if (m_options.command == QStringLiteral("restore") || m_options.command == QStringLiteral("compact")) {
+    // An import writes the logs as restore and compact do; a dry run only reads them.
+    const bool importing = m_options.command == QStringLiteral("import") && !m_options.dryRun;
+    if (m_options.command == QStringLiteral("restore") || m_options.command == QStringLiteral("compact") || importing) {
         lock = std::make_unique<DeviceLock>(paths.lockFile());
         if (const DWORD error = lock->acquire(); error == ERROR_SHARING_VIOLATION) {
-            return fail(QStringLiteral("Kovalin is running on this device; close it before running %1.")
-                            .arg(m_options.command));
+            return fail(refusedLock(DeviceLock::holder(paths.lockFile())));
         } else if (error != ERROR_SUCCESS) {
             return fail(ErrorMessage::forPath(paths.lockFile(), error));
         }
+        lock->describe(kHolderPrefix + m_options.command);
     }
     DevicePaths::setCurrent(paths);
     if (!CeMountObjectStore(paths.objectStore())) {
@@ -64,6 +77,10 @@ int CliRun::runCommand(const QString& user) {
         }
         return 0;
     }
+    // The user list's row for adding a user is in the list, but it is no one.
+    if (user == UserList::kAddNewUser) {
+        return fail(QStringLiteral("\"%1\" is the row for adding a user, not a user.").arg(user));
+    }
     // A user named on the command line must be one of the device's users, so that a mistyped name
     // never creates logs for nobody.
     if (m_options.userGiven && !user.isEmpty()) {
@@ -73,8 +90,18 @@ int CliRun::runCommand(const QString& user) {
         }
     }
     bool done = false;
-    if (command == QStringLiteral("export")) {
+    if (command == QStringLiteral("export") && !m_options.tablesFolder.isEmpty()) {
+        done = TablesExport(user, m_options.tablesFolder).run(report);
+    } else if (command == QStringLiteral("export")) {
         done = ExportRunner::run(user, report);
+    } else if (command == QStringLiteral("import")) {
+        const HistoryImport::Outcome outcome =
+            HistoryImport(user, m_options.importPath, {m_options.dryRun, m_options.replace}).run();
+        if (outcome.refused) {
+            return fail(outcome.text);
+        }
+        std::printf("%s\n", qPrintable(outcome.text));
+        done = outcome.complete;
     } else if (command == QStringLiteral("backup")) {
         done = Backup::run(user, report);
     } else if (command == QStringLiteral("restore")) {

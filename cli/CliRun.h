@@ -13,7 +13,12 @@ public:
     int exec();
 
 private:
+    // What a command that holds the device's lock writes into it, before the command's name.
+    static inline const QString kHolderPrefix = QStringLiteral("kovalin-cli ");
+
     int runCommand(const QString& user);
+    // Why the lock was refused, naming its holder: another command, or the window (which writes nothing).
+    QString refusedLock(const QString& holder) const;
     bool confirmRestore(const QString& user);
     static int fail(const QString& text);
 

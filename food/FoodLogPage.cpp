@@ -18,6 +18,7 @@
 #include "resource.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -185,8 +186,24 @@ QWidget* FoodLogPage::createForm() {
     m_list->setHeaderLabels(headings);
     m_list->header()->setStretchLastSection(false);
     m_list->header()->setSectionsMovable(false);
-    for (int column = 0; column < kColumnCount; ++column) {
+    // The time column is as wide as the widest time needs; the four food columns share the rest of the
+    // list's width, so that the last ends at the list's edge and no column runs into the next.
+    const QFontMetrics metrics(numbers);
+    int widestDigit = 0;
+    for (char digit = '0'; digit <= '9'; ++digit) {
+        widestDigit = std::max(widestDigit, metrics.horizontalAdvance(QLatin1Char(digit)));
+    }
+    // "12:59P": four digits, the colon and the marker, and a pixel for rounding.
+    const int widestTime =
+        4 * widestDigit + metrics.horizontalAdvance(QLatin1Char(':')) +
+        std::max(metrics.horizontalAdvance(QLatin1Char('A')), metrics.horizontalAdvance(QLatin1Char('P'))) + 1;
+    const int timeWidth =
+        std::max(kColumns[0].width, widestTime + ListCellDelegate::kTextInset + ListCellDelegate::kGap);
+    m_list->header()->resizeSection(0, timeWidth);
+    m_list->header()->setSectionResizeMode(0, QHeaderView::Fixed);
+    for (int column = 1; column < kColumnCount; ++column) {
         m_list->header()->resizeSection(column, kColumns[column].width);
+        m_list->header()->setSectionResizeMode(column, QHeaderView::Stretch);
     }
     connect(m_list, &QTreeWidget::customContextMenuRequested, this, &FoodLogPage::showListMenu);
 
@@ -251,13 +268,17 @@ bool FoodLogPage::handleCommand(int command) {
 
 // --- The day --------------------------------------------------------------------------------------
 
-void FoodLogPage::ShowDate() {
+void FoodLogPage::showDate(bool keepValues) {
     bool created = false;
     const std::optional<FoodDay> day = records().ShowDay(m_date, &created);
     if (created) {
-        // A new day keeps the values shown apart from the notes; they reach its record with the next
-        // change. It has no meals yet.
-        FoodDayValues values = controlValues();
+        // A new day keeps the values shown apart from the notes, or starts with nothing chosen; they
+        // reach its record with the next change. It has no meals yet.
+        FoodDayValues values = keepValues ? controlValues() : FoodDayValues();
+        if (!keepValues) {
+            values.overall = FoodDayValues::kNoChoice;
+            values.sleepQuality = FoodDayValues::kNoChoice;
+        }
         values.notes = kNotesPlaceholder;
         showValues(values);
         showMeals(FoodDay());
@@ -281,8 +302,14 @@ void FoodLogPage::LoadDay() {
 }
 
 void FoodLogPage::SaveDay() {
-    if (!m_showing) {
-        records().SaveDay(m_date, controlValues());
+    if (m_showing) {
+        return;
+    }
+    const FoodRecords food = records();
+    // A write that failed has been told; the page goes back to what the store holds rather than
+    // show as saved what is not. Without a record the save is silent and the values stay.
+    if (!food.SaveDay(m_date, controlValues()) && food.FindDay(m_date) != 0) {
+        LoadDay();
     }
 }
 

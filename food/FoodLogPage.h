@@ -31,17 +31,19 @@ public:
     // SetDate: moves the page to date and shows it.
     void setDate(const QDate& date) override;
     // Shows the date again from the current user's database: after a change of user the day may have
-    // no record (or the user no database) yet, which showing the date creates.
-    void reload() override { ShowDate(); }
+    // no record (or the user no database) yet, which showing the date creates. A day created here
+    // starts with a new day's values: those on the page may be another person's.
+    void reload() override { showDate(false); }
     void saveCurrent() override { SaveDay(); }
     // "Add Meal" from the food tool bar.
     bool handleCommand(int command) override;
 
-    // Show date: creates the day's record when missing, else loads it.
-    void ShowDate();
+    // Show date: creates the day's record when missing, else loads it. A created day keeps the values
+    // on the page apart from the notes.
+    void ShowDate() { showDate(true); }
     // Refills the values, the meal list and the counts from the day's record.
     void LoadDay();
-    // Writes the day values as the controls hold them.
+    // Writes the day values as the controls hold them; when the write fails, shows the stored day.
     void SaveDay();
     void AddMeal();
     void EditMeal();
@@ -51,6 +53,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void showDate(bool keepValues);
     void createControls();
     QWidget* createForm();
     FoodRecords records() const;

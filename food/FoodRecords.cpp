@@ -4,6 +4,7 @@
 #include "DayKey.h"
 #include "MessageBox.h"
 #include "RecordDatabase.h"
+#include "SaveFailure.h"
 
 #include <algorithm>
 
@@ -95,7 +96,10 @@ bool FoodRecords::SaveDay(const QDate& day, const FoodDayValues& values) const {
     if (!readDay(db, day, stored)) {
         return false;
     }
-    return db.Write(values.toRecord().replacing(stored), db.CurrentRecordId()) != 0;
+    if (db.Write(values.toRecord().replacing(stored), db.CurrentRecordId()) == 0) {
+        return fail(SaveFailure::text(GetLastError()));
+    }
+    return true;
 }
 
 bool FoodRecords::PutMeal(const QDate& day, int slot, const Meal& meal) const {
@@ -112,7 +116,7 @@ bool FoodRecords::PutMeal(const QDate& day, int slot, const Meal& meal) const {
         return fail(kMaxMealsExceeded);
     }
     if (db.Write(meal.toRecord(slot), oid) == 0) {
-        return fail(kRecordNotFound);
+        return fail(SaveFailure::text(GetLastError()));
     }
     return true;
 }
@@ -138,7 +142,7 @@ bool FoodRecords::DeleteMeal(const QDate& day, int slot) const {
         }
     }
     if (!removal.isEmpty() && db.Write(removal, db.CurrentRecordId()) == 0) {
-        return fail(kErrorOnItemDelete);
+        return fail(SaveFailure::text(GetLastError()));
     }
     return true;
 }

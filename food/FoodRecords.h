@@ -4,7 +4,8 @@
 //
 // Each operation opens the database, does its work and closes it. A failure is shown at once in a
 // message box with the operation's fixed text, and nothing more is written; saving the day values
-// is the exception and says nothing.
+// says nothing when the day has no record. A write that fails (a full disk) is told with
+// SaveFailure's text.
 
 #include "FoodDay.h"
 
@@ -50,7 +51,8 @@ public:
     // Items" and std::nullopt.
     std::optional<FoodDay> ShowDay(const QDate& day, bool* created) const;
     // Writes the fifteen day values into the day's record, leaving its key and meals as they are.
-    // Without a database or a record nothing is written and nothing is said; false then.
+    // Without a database or a record nothing is written and nothing is said; false then. A write that
+    // fails is told, and false.
     bool SaveDay(const QDate& day, const FoodDayValues& values) const;
     // Writes meal into slot (0-14) of the day's record, replacing what the slot held. Without a
     // record: "Record not found"; a slot from 15 on: "Max meals exceeded for this day". Nothing is

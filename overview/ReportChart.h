@@ -10,6 +10,8 @@
 #include <QPolygonF>
 #include <QString>
 
+#include <array>
+
 class ReportChart {
 public:
     static constexpr int kWidth = 200;
@@ -17,8 +19,17 @@ public:
     static constexpr double kHeadroom = 5.0;
     // A tap finds the nearest point within this many pixels.
     static constexpr double kTapRadius = 6.0;
-    // Up to this many points each get a mark; more would run together into a thick line.
-    static constexpr int kMostMarkedPoints = 100;
+    // Points get a 4-pixel mark when no two stand closer than this; closer marks would run together
+    // into a bar.
+    static constexpr double kClosestMarks = 6.0;
+
+    // A date written under the chart: the day, its place on the page (the x of that day's point) and
+    // its text.
+    struct DayLabel {
+        QDate day;
+        double x = 0.0;
+        QString text;
+    };
 
     // origin: the left end of the base line, on the page.
     ReportChart(const Report& report, QPointF origin) : m_report(report), m_origin(origin) {}
@@ -27,7 +38,12 @@ public:
     QPointF position(const Report::Point& point) const;
     // Every point's position, in date order.
     QPolygonF polyline() const;
-    bool marksPoints() const { return static_cast<int>(m_report.points().size()) <= kMostMarkedPoints; }
+    // The page x of day n of the period (1 for its first day; today's is the chart's right end).
+    double dayX(int n) const;
+    bool marksPoints() const;
+    // The period's first day and today, each at its own day's place: a point stands right above the
+    // date it belongs to.
+    std::array<DayLabel, 2> dayLabels() const;
     // The index of the point nearest to tap within kTapRadius; -1 when there is none.
     int pointAt(QPointF tap) const;
 
@@ -35,6 +51,8 @@ public:
     static QString averageText(double average);
     // "%.1f, %d-%d-%d": the value, then the day's month, day and year.
     static QString pointText(const Report::Point& point);
+    // "M/d", or "M/d/yy" over a year, which spans two of them.
+    static QString dateText(const QDate& day, int periodDays);
 
 private:
     const Report& m_report;

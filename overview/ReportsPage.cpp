@@ -80,6 +80,11 @@ void ReportsPage::createControls() {
     m_filling = true;
     m_measure = combo(IDC_REPORTS_MEASURE, QRect(1, kFirstRow, 136, kRowHeight), ReportMeasure::names());
     m_period = combo(IDC_REPORTS_PERIOD, QRect(139, kFirstRow, 100, kRowHeight), ReportPeriod::names());
+    // The period box is as wide as its longest name needs at the scale the screen is drawn at (text is
+    // hinted wider at some scales); the measure box takes the rest of the row.
+    const int periodWidth = std::max(100, m_period->sizeHint().width());
+    m_period->setGeometry(Page::kWidth - 1 - periodWidth, kFirstRow, periodWidth, kRowHeight);
+    m_measure->setGeometry(1, kFirstRow, Page::kWidth - 4 - periodWidth, kRowHeight);
     QStringList sets;
     for (int set = 1; set <= MuscleGroup::kSets; ++set) {
         sets << QStringLiteral("Set %1").arg(set);
@@ -182,7 +187,7 @@ void ReportsPage::paintEvent(QPaintEvent*) {
 
 void ReportsPage::paintChart(QPainter& painter) {
     const ReportChart chart(m_report, QPointF(kChartLeft, kChartBase));
-    paintAxes(painter, chart.scaleTop());
+    paintAxes(painter, chart);
 
     // A cosmetic one-pixel pen without antialiasing: the device's own lines, and the raster engine's
     // fast path (an antialiased polyline of a year's points cost several times the rest of the paint).
@@ -209,7 +214,8 @@ void ReportsPage::paintChart(QPainter& painter) {
     }
 }
 
-void ReportsPage::paintAxes(QPainter& painter, double top) {
+void ReportsPage::paintAxes(QPainter& painter, const ReportChart& chart) {
+    const double top = chart.scaleTop();
     const QRectF area = chartArea();
     const double middle = (area.top() + area.bottom()) / 2.0;
     painter.setPen(kGridColour);
@@ -239,13 +245,14 @@ void ReportsPage::paintAxes(QPainter& painter, double top) {
     painter.drawText(QRectF(0, middle - 5, labelRight, 10), Qt::AlignRight | Qt::AlignVCenter, scaleText(top / 2));
     painter.drawText(QRectF(0, area.bottom() - 10, labelRight, 10), Qt::AlignRight | Qt::AlignBottom,
                      QStringLiteral("0"));
-    // The period's first day and today, just above the base line at either end.
-    const QRectF dates(area.left() + 3, area.bottom() - 14, area.width() - 6, 10);
-    const QDate first = ReportPeriod::day(today, days, 1);
-    painter.drawText(dates, Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("%1/%2").arg(first.month()).arg(first.day()));
-    painter.drawText(dates, Qt::AlignRight | Qt::AlignVCenter,
-                     QStringLiteral("%1/%2").arg(today.month()).arg(today.day()));
+    // The period's first day and today, just above the base line, each centred over its day's place
+    // as far as the chart's width allows.
+    const QFontMetricsF metrics(painter.font());
+    for (const ReportChart::DayLabel& label : chart.dayLabels()) {
+        const double width = metrics.horizontalAdvance(label.text) + 2;
+        const double left = std::clamp(label.x - width / 2, area.left() + 1, area.right() - width);
+        painter.drawText(QRectF(left, area.bottom() - 14, width, 10), Qt::AlignCenter, label.text);
+    }
 }
 
 void ReportsPage::paintTapped(QPainter& painter, QPointF at, const QString& text) {

@@ -10,6 +10,7 @@
 #include <array>
 
 class DeviceCombo;
+class ReportChart;
 
 class ReportsPage : public Page {
     Q_OBJECT
@@ -47,7 +48,7 @@ private:
     void fillExercises();
     std::array<QString, 6> databaseNames() const;
     void paintChart(QPainter& painter);
-    void paintAxes(QPainter& painter, double top);
+    void paintAxes(QPainter& painter, const ReportChart& chart);
     void paintTapped(QPainter& painter, QPointF at, const QString& text);
 
     DeviceCombo* m_measure = nullptr;

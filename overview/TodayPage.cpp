@@ -17,9 +17,14 @@
 #include <QTextLayout>
 
 namespace {
-// Texts stand to the right of the 48-pixel pictures.
+// Texts stand to the right of the 48-pixel pictures and may use the page's width. Headings take 13
+// pixels a line, the texts under them 12, so that the workout text has three lines before the meal
+// box, the meal text two before the goals box, and the goals six down to the tab row.
 constexpr int kTextLeft = 56;
+constexpr int kTextRight = Page::kWidth - 4;
 constexpr int kLineHeight = 13;
+constexpr int kTextLineHeight = 12;
+constexpr int kTabRowTop = 247;
 const QColor kHeadingColour(0x0A, 0x2A, 0x84);
 const QColor kRuleColour(0xC0, 0xC0, 0xC0);
 
@@ -27,7 +32,7 @@ enum Picture { kTodayPicture, kWorkoutPicture, kFoodPicture, kGoalsPicture };
 } // namespace
 
 TodayPage::TodayPage(PageHost& host, QWidget* parent)
-    : Page(host, IDD_TODAY, QStringLiteral("TodayPage"), parent), m_textFont(DeviceFonts::tahoma(kLineHeight)),
+    : Page(host, IDD_TODAY, QStringLiteral("TodayPage"), parent), m_textFont(DeviceFonts::tahoma(kTextLineHeight)),
       m_headingFont(DeviceFonts::tahoma(kLineHeight, true)), m_dateFont(DeviceFonts::tahoma(15, true)) {
     const int ids[] = {IDB_TODAY_TODAY, IDB_TODAY_WORKOUT, IDB_MEAL, IDB_TODAY_GOALS};
     for (int i = 0; i < 4; ++i) {
@@ -48,13 +53,21 @@ void TodayPage::drawHeading(QPainter& painter, int top, const QString& text) con
                      text);
 }
 
-// One line of text under a heading, shortened with "..." when it does not fit.
-void TodayPage::drawLine(QPainter& painter, int top, int right, const QString& text) const {
+QStringList TodayPage::drawText(QPainter& painter, int top, int bottom, const QString& text) const {
+    const int width = kTextRight - kTextLeft;
+    const QStringList lines = wrappedLines(text, m_textFont, width, (bottom - top) / kTextLineHeight);
     painter.setFont(m_textFont);
     painter.setPen(Qt::black);
-    const int width = right - kTextLeft;
-    painter.drawText(QRect(kTextLeft, top, width, kLineHeight), Qt::AlignLeft | Qt::AlignVCenter,
-                     QFontMetrics(m_textFont).elidedText(text, Qt::ElideRight, width));
+    for (int i = 0; i < lines.size(); ++i) {
+        painter.drawText(QRect(kTextLeft, top + i * kTextLineHeight, width, kTextLineHeight),
+                         Qt::AlignLeft | Qt::AlignVCenter, lines[i]);
+    }
+    return lines;
+}
+
+void TodayPage::drawRule(QPainter& painter, int y) const {
+    painter.setPen(kRuleColour);
+    painter.drawLine(4, y, kWidth - 5, y);
 }
 
 void TodayPage::initDialog() {
@@ -70,14 +83,14 @@ void TodayPage::recompute() {
     m_nextMealText = TodaySummary::nextMealText(host().foodDatabaseName(), now);
 }
 
-QStringList TodayPage::goalsLines(const QString& goals, const QFont& font, int width, int lines) {
+QStringList TodayPage::wrappedLines(const QString& text, const QFont& font, int width, int lines) {
     // Every line the text breaks into at width, its own line breaks kept.
-    const QString text = QString(goals).remove(u'\r').trimmed();
-    if (text.isEmpty()) {
+    const QString trimmed = QString(text).remove(u'\r').trimmed();
+    if (trimmed.isEmpty()) {
         return {};
     }
     QStringList all;
-    for (const QString& paragraph : text.split(u'\n')) {
+    for (const QString& paragraph : trimmed.split(u'\n')) {
         QTextLayout layout(paragraph.trimmed(), font);
         layout.beginLayout();
         for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
@@ -121,36 +134,28 @@ void TodayPage::paintEvent(QPaintEvent*) {
     painter.setPen(Qt::black);
     painter.drawText(QRect(kTextLeft, 24, kWidth - kTextLeft - 4, kLineHeight), Qt::AlignLeft | Qt::AlignVCenter,
                      QStringLiteral("User: ") + host().GetUserName());
-    painter.setPen(kRuleColour);
-    painter.drawLine(4, top.bottom(), kWidth - 5, top.bottom());
+    drawRule(painter, top.bottom());
 
+    // Each box's heading stands at the top of its tap box; its text runs on down to the rule above the
+    // next box (the goals down to the tab row).
     const QRect workout = TodayTaps::workoutBox();
-    drawPicture(painter, kWorkoutPicture, workout);
-    drawHeading(painter, workout.top() + 2, QStringLiteral("Today's workout:"));
-    drawLine(painter, workout.top() + 2 + kLineHeight + 3, workout.right(), m_workoutText);
-
     const QRect meal = TodayTaps::mealBox();
-    painter.setPen(kRuleColour);
-    painter.drawLine(4, (workout.bottom() + meal.top()) / 2, kWidth - 5, (workout.bottom() + meal.top()) / 2);
-    drawPicture(painter, kFoodPicture, meal);
-    drawHeading(painter, meal.top() + 1, QStringLiteral("My next meal:"));
-    drawLine(painter, meal.top() + 1 + kLineHeight + 3, meal.right(), m_nextMealText);
-
     const QRect goals = TodayTaps::goalsBox();
-    painter.setPen(kRuleColour);
-    painter.drawLine(4, (meal.bottom() + goals.top()) / 2, kWidth - 5, (meal.bottom() + goals.top()) / 2);
+    const int workoutEnd = meal.top() - 3;
+    const int mealEnd = goals.top() - 2;
+    drawPicture(painter, kWorkoutPicture, QRect(workout.topLeft(), QPoint(workout.right(), workoutEnd)));
+    drawHeading(painter, workout.top(), QStringLiteral("Today's workout:"));
+    m_workoutLines = drawText(painter, workout.top() + kLineHeight - 1, workoutEnd, m_workoutText);
+    drawRule(painter, workoutEnd);
+
+    drawPicture(painter, kFoodPicture, QRect(meal.topLeft(), QPoint(meal.right(), mealEnd)));
+    drawHeading(painter, meal.top(), QStringLiteral("My next meal:"));
+    m_nextMealLines = drawText(painter, meal.top() + kLineHeight - 1, mealEnd, m_nextMealText);
+    drawRule(painter, mealEnd);
+
     drawPicture(painter, kGoalsPicture, goals);
     drawHeading(painter, goals.top() + 1, QStringLiteral("My goals:"));
-    const QFont& font = m_textFont;
-    const int textTop = goals.top() + 1 + kLineHeight + 3;
-    const int width = goals.right() - kTextLeft;
-    const QStringList lines = goalsLines(GoalsFile::read(), font, width, (goals.bottom() + 1 - textTop) / kLineHeight);
-    painter.setFont(font);
-    painter.setPen(Qt::black);
-    for (int i = 0; i < lines.size(); ++i) {
-        painter.drawText(QRect(kTextLeft, textTop + i * kLineHeight, width, kLineHeight),
-                         Qt::AlignLeft | Qt::AlignVCenter, lines[i]);
-    }
+    drawText(painter, goals.top() + kLineHeight, kTabRowTop - 1, GoalsFile::read());
 }
 
 void TodayPage::mousePressEvent(QMouseEvent* event) {

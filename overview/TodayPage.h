@@ -21,13 +21,15 @@ public:
     // The texts follow the current user: a reload is a repaint.
     void reload() override { update(); }
 
-    // The texts as the page last drew them.
+    // The texts as the page last drew them, and the lines it drew them on.
     QString workoutText() const { return m_workoutText; }
     QString nextMealText() const { return m_nextMealText; }
+    QStringList workoutLines() const { return m_workoutLines; }
+    QStringList nextMealLines() const { return m_nextMealLines; }
 
-    // The goals text as it fits the goals box: whole words on as many lines as the box holds, the
-    // last line ending in "..." when text is left over. One string per line.
-    static QStringList goalsLines(const QString& goals, const QFont& font, int width, int lines);
+    // A text as it fits a box: whole words on as many lines as the box holds, its own line breaks
+    // kept, the last line ending in "..." when text is left over. One string per line.
+    static QStringList wrappedLines(const QString& text, const QFont& font, int width, int lines);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -37,7 +39,9 @@ private:
     void recompute();
     void drawPicture(QPainter& painter, int index, const QRect& box) const;
     void drawHeading(QPainter& painter, int top, const QString& text) const;
-    void drawLine(QPainter& painter, int top, int right, const QString& text) const;
+    // Draws text wrapped into the lines from top down to bottom; returns the lines drawn.
+    QStringList drawText(QPainter& painter, int top, int bottom, const QString& text) const;
+    void drawRule(QPainter& painter, int y) const;
 
     // Made once: a font described by a height is measured each time it is made, and a bitmap is
     // decoded; a paint would otherwise spend most of its time on both.
@@ -47,4 +51,6 @@ private:
     QPixmap m_pictures[4];
     QString m_workoutText;
     QString m_nextMealText;
+    QStringList m_workoutLines;
+    QStringList m_nextMealLines;
 };

@@ -1,9 +1,9 @@
 #include "CalendarPopup.h"
 
+#include "ScreenPlacement.h"
+
 #include <QCalendarWidget>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 CalendarPopup::CalendarPopup(QWidget* owner)
     : QFrame(owner, Qt::Popup), m_owner(owner), m_calendar(new QCalendarWidget(this)) {
@@ -37,16 +37,9 @@ CalendarPopup::CalendarPopup(QWidget* owner)
 void CalendarPopup::popUp(const QDate& date) {
     m_calendar->setSelectedDate(date);
     m_calendar->setCurrentPage(date.year(), date.month());
-    const QWidget* screenWidget = m_owner->window();
-    const QRect screen(screenWidget->mapToGlobal(QPoint(0, 0)), screenWidget->size());
-    QRect placed(m_owner->mapToGlobal(QPoint(0, m_owner->height())), size());
-    placed.moveRight(std::min(placed.right(), screen.right()));
-    placed.moveLeft(std::max(placed.left(), screen.left()));
-    if (placed.bottom() > screen.bottom()) {
-        placed.moveBottom(m_owner->mapToGlobal(QPoint(0, 0)).y() - 1);
-    }
+    const QRect anchor(m_owner->mapToGlobal(QPoint(0, 0)), m_owner->size());
     // The geometry, not the frame's position: a pop-up must land exactly where it was placed.
-    setGeometry(placed);
+    setGeometry(ScreenPlacement::nextTo(anchor, size(), ScreenPlacement::workAreaOf(m_owner)));
     show();
     m_calendar->setFocus(Qt::PopupFocusReason);
 }

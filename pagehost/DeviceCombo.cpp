@@ -1,5 +1,9 @@
 #include "DeviceCombo.h"
 
+#include "RecordLimits.h"
+#include "ScreenPlacement.h"
+
+#include <QAbstractItemView>
 #include <QEvent>
 #include <QLineEdit>
 #include <QWheelEvent>
@@ -13,7 +17,16 @@ DeviceCombo::DeviceCombo(bool editable, QWidget* parent) : QComboBox(parent) {
     if (editable) {
         setCompleter(nullptr);
         lineEdit()->installEventFilter(this);
+        // What is typed is a name: it never grows past what a record keeps, and a longer stored name
+        // is shown by its start.
+        lineEdit()->setMaxLength(RecordLimits::kMaxNameLength);
     }
+}
+
+void DeviceCombo::useLineEdit(QLineEdit* edit) {
+    setLineEdit(edit);
+    setCompleter(nullptr);
+    edit->installEventFilter(this);
 }
 
 void DeviceCombo::setText(const QString& text) {
@@ -38,6 +51,22 @@ QStringList DeviceCombo::sortedItems(QStringList items) {
         return folded != 0 ? folded < 0 : a < b;
     });
     return items;
+}
+
+void DeviceCombo::showPopup() {
+    QComboBox::showPopup();
+    // An editable combo's text may be an item without being the current one: the list shows it chosen.
+    if (const int shown = findText(currentText()); isEditable() && shown >= 0) {
+        view()->setCurrentIndex(model()->index(shown, modelColumn()));
+    }
+    QWidget* popup = view()->window();
+    const QRect screen = ScreenPlacement::workAreaOf(this);
+    if (popup == window() || screen.contains(popup->geometry())) {
+        return;
+    }
+    const QRect anchor(mapToGlobal(QPoint(0, 0)), size());
+    popup->setGeometry(ScreenPlacement::nextTo(anchor, popup->size(), screen));
+    view()->scrollTo(view()->currentIndex());
 }
 
 void DeviceCombo::wheelEvent(QWheelEvent* event) {

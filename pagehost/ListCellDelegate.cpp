@@ -1,11 +1,12 @@
 #include "ListCellDelegate.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QPainter>
 
-namespace {
-constexpr int kTextInset = 1;
-} // namespace
+QString ListCellDelegate::shownText(const QString& text, const QFont& font, int width) {
+    return QFontMetrics(font).elidedText(text, Qt::ElideRight, width - kTextInset - kGap);
+}
 
 void ListCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QStyleOptionViewItem cell = option;
@@ -23,7 +24,8 @@ void ListCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->setClipRect(cell.rect);
     painter->setFont(cell.font);
     painter->setPen(cell.palette.color(group, role));
-    painter->drawText(cell.rect.adjusted(kTextInset, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                      text);
+    painter->drawText(cell.rect.adjusted(kTextInset, 0, -kGap, 0),
+                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                      shownText(text, cell.font, cell.rect.width()));
     painter->restore();
 }

@@ -40,6 +40,10 @@ bool NumberEdit::commit() {
         MessageBoxW(this, result.message, QStringLiteral("Kovalin"), MB_OK | MB_ICONEXCLAMATION);
         m_committing = false;
         display(m_value);
+        // As the platform's range check does, the field takes the focus back with its value selected, so
+        // that the person puts it right rather than moving on past a value that was not taken.
+        setFocus(Qt::OtherFocusReason);
+        selectAll();
         return false;
     }
     const bool changed = *result.value != m_value;

@@ -1,7 +1,8 @@
 #pragma once
 // The number edit of the pages: an integer or a decimal within a range, typed freely and checked
 // when it is finished (Enter, or leaving the edit) with the platform's range messages. A refused
-// entry changes nothing: the message is shown and the last accepted value comes back. An empty
+// entry changes nothing: the message is shown, the last accepted value comes back and the edit keeps
+// (or takes back) the focus. An empty
 // edit means 0 once it is left, when 0 is in the range. The whole value is shown; a narrow edit
 // shows the start of its text when not focused.
 

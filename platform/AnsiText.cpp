@@ -112,3 +112,20 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR* wide, int cchWi
     }
     return count;
 }
+
+int MultiByteToWideChar(UINT codePage, DWORD, const char* multi, int cbMulti, WCHAR* wide, int cchWide) {
+    if ((codePage != CP_ACP && codePage != CP_1252) || multi == nullptr || cbMulti < 1 || cchWide < 0 ||
+        (cchWide > 0 && wide == nullptr)) {
+        return fail(ERROR_INVALID_PARAMETER);
+    }
+    if (cchWide == 0) {
+        return cbMulti;
+    }
+    const int count = std::min(cbMulti, cchWide);
+    for (int i = 0; i < count; ++i) {
+        const auto byte = static_cast<unsigned char>(multi[i]);
+        const char16_t mapped = byte >= 0x80 && byte < 0xA0 ? kBlock80[byte - 0x80] : 0;
+        wide[i] = mapped != 0 ? mapped : static_cast<char16_t>(byte);
+    }
+    return cbMulti > cchWide ? fail(ERROR_INSUFFICIENT_BUFFER) : count;
+}

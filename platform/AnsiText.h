@@ -31,3 +31,10 @@ constexpr DWORD WC_COMPOSITECHECK = 0x00000200;
 // pair one default character. Without WC_COMPOSITECHECK those three flags have no effect.
 int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR* wide, int cchWide, char* multi, int cbMulti,
                         const char* defaultChar = nullptr, BOOL* usedDefault = nullptr);
+
+// Converts cbMulti bytes of multi from the ANSI code page (Windows-1252) into at most cchWide units of
+// wide: one unit per byte, the five undefined bytes to the control characters of the same value, as
+// the platform maps them. With cchWide 0 only counts. Returns the number of units written (or
+// needed), 0 on failure: ERROR_INSUFFICIENT_BUFFER, ERROR_INVALID_PARAMETER (another code page,
+// cbMulti below 1, a null multi, a null wide with cchWide above 0).
+int MultiByteToWideChar(UINT codePage, DWORD flags, const char* multi, int cbMulti, WCHAR* wide, int cchWide);

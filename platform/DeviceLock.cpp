@@ -17,6 +17,25 @@ DeviceLock::~DeviceLock() {
     }
 }
 
+void DeviceLock::describe(const QString& holder) {
+    if (m_fd < 0) {
+        return;
+    }
+    const QByteArray text = holder.toUtf8();
+    if (::ftruncate(m_fd, 0) == 0) {
+        // Only a hint for others' messages: a short write costs nothing but a vaguer message.
+        [[maybe_unused]] const ssize_t written = ::pwrite(m_fd, text.constData(), static_cast<size_t>(text.size()), 0);
+    }
+}
+
+QString DeviceLock::holder(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    return QString::fromUtf8(file.read(256)).trimmed();
+}
+
 DWORD DeviceLock::acquire() {
     if (m_fd >= 0) {
         return ERROR_SUCCESS;

@@ -19,6 +19,11 @@ public:
     // died is taken over.
     DWORD acquire();
     bool held() const { return m_fd >= 0; }
+    // Writes into the held lock's file who holds it ("kovalin-cli restore"), so that a process
+    // refused the lock can say who has it. The window writes nothing.
+    void describe(const QString& holder);
+    // What the holder of the lock at path wrote there; empty when it wrote nothing.
+    static QString holder(const QString& path);
     const QString& path() const { return m_path; }
 
 private:

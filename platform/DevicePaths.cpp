@@ -109,10 +109,13 @@ DWORD DevicePaths::claim() const {
     return root.isWritable() ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
 }
 
-DWORD DevicePaths::createFolders() const {
+DWORD DevicePaths::createFolders(QString* failed) const {
     for (const QString& folder : {myDocuments(), windowsFolder(), programFolder()}) {
         const DWORD error = ensureFolder(folder);
         if (error != ERROR_SUCCESS) {
+            if (failed != nullptr) {
+                *failed = folder;
+            }
             return error;
         }
     }

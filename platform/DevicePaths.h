@@ -24,8 +24,9 @@ public:
     // error met creating it (ERROR_ACCESS_DENIED, ERROR_DISK_FULL).
     DWORD claim() const;
     // Creates the three sub-folders (0700) when missing; done once the object store is mounted, so
-    // that a start that fails leaves an empty folder empty.
-    DWORD createFolders() const;
+    // that a start that fails leaves an empty folder empty. On a failure, failed (when given) names
+    // the folder that could not be made.
+    DWORD createFolders(QString* failed = nullptr) const;
     // Both: a device ready to use.
     bool ensureCreated() const { return claim() == ERROR_SUCCESS && createFolders() == ERROR_SUCCESS; }
 

@@ -117,7 +117,13 @@ DWORD RecordCopy::addEmpty() {
 }
 
 DWORD RecordCopy::addRecord(CEOID source, CEOID* oid) {
-    DWORD error = m_to.allocateObjectId(oid);
+    // Ids are taken a block at a time: ids of a block that go unused are never given out.
+    DWORD error = ERROR_SUCCESS;
+    if (m_nextId == m_endOfIds) {
+        error = m_to.allocateObjectIds(kIdsPerBlock, &m_nextId);
+        m_endOfIds = error == ERROR_SUCCESS ? m_nextId + kIdsPerBlock : m_nextId;
+    }
+    *oid = m_nextId++;
     SqlStatement* add = m_to.statement(kAddRecord);
     SqlStatement* sortValue = m_from.statement(kSortValue);
     if (error != ERROR_SUCCESS || add == nullptr || sortValue == nullptr) {

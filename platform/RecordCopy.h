@@ -43,6 +43,9 @@ private:
         double number;
     };
     std::vector<Pending> m_pending;
+    static constexpr DWORD kIdsPerBlock = 256;
+    CEOID m_nextId = 0;
+    CEOID m_endOfIds = 0;
 
     Volume& m_from;
     Volume& m_to;

@@ -218,6 +218,9 @@ DWORD inspectReadOnly(const QString& path, Volume::Role role, VolumeFormat::Kind
 } // namespace
 
 std::unique_ptr<Volume> Volume::mount(const QString& path, DWORD flags, Role role, DWORD* error) {
+    // Counting every allocation of the library takes a global lock per allocation; nothing here reads
+    // the counts. (Only possible before the library's first use; later it is simply refused.)
+    static const int memoryCounts [[maybe_unused]] = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
     const QFileInfo file(path);
     const bool readOnly = (flags & CEDB_MOUNT_READONLY) != 0;
     const DWORD mode = flags & ~CEDB_MOUNT_READONLY;
@@ -456,6 +459,10 @@ void Volume::rollback() {
 }
 
 DWORD Volume::allocateObjectId(CEOID* oid) {
+    return allocateObjectIds(1, oid);
+}
+
+DWORD Volume::allocateObjectIds(DWORD count, CEOID* first) {
     SqlStatement* highest = statement(kHighestObjectId);
     SqlStatement* remember = statement(kRememberObjectId);
     if (highest == nullptr || remember == nullptr) {
@@ -469,13 +476,13 @@ DWORD Volume::allocateObjectId(CEOID* oid) {
             return error;
         }
     }
-    if (last < 0 || last >= 0xFFFFFFFFll) {
+    if (last < 0 || last + count > 0xFFFFFFFFll) {
         return ERROR_DISK_FULL; // the 32-bit id space is spent
     }
     SqlStatement::Scope scope(*remember);
-    remember->bindInt(1, last + 1);
+    remember->bindInt(1, last + count);
     const DWORD error = remember->execute();
-    *oid = error == ERROR_SUCCESS ? static_cast<CEOID>(last + 1) : 0;
+    *first = error == ERROR_SUCCESS ? static_cast<CEOID>(last + 1) : 0;
     return error;
 }
 

@@ -82,6 +82,8 @@ public:
 
     // A new object id, never given out before on this volume; call inside a transaction.
     DWORD allocateObjectId(CEOID* oid);
+    // count new object ids, first ... first + count - 1, given out at once; call inside a transaction.
+    DWORD allocateObjectIds(DWORD count, CEOID* first);
 
     void attach(VolumeHandle* handle);
     void detach(VolumeHandle* handle);

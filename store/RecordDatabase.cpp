@@ -1,5 +1,7 @@
 #include "RecordDatabase.h"
 
+#include "RecordLimits.h"
+
 namespace {
 CEGUID objectStore() {
     CEGUID guid;
@@ -154,7 +156,14 @@ CEOID RecordDatabase::Write(const DbRecord& record, CEOID oid) {
         SetLastError(ERROR_INVALID_HANDLE);
         return 0;
     }
-    return CeWriteRecordProps(m_handle, oid, record.toPropVals());
+    // A record over the limits is refused as the device refuses a property too large, and nothing is
+    // written.
+    const std::vector<CEPROPVAL> props = record.toPropVals();
+    if (!RecordLimits::check(props).isEmpty()) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    return CeWriteRecordProps(m_handle, oid, props);
 }
 
 bool RecordDatabase::DeleteRecord(CEOID oid) {

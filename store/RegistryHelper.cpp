@@ -23,15 +23,16 @@ DWORD RegistryHelper::GetDword(HKEY root, const QString& key, const QString& nam
     return qFromLittleEndian<quint32>(bytes);
 }
 
-void RegistryHelper::SetDword(HKEY root, const QString& key, const QString& name, DWORD number) {
+DWORD RegistryHelper::SetDword(HKEY root, const QString& key, const QString& name, DWORD number) {
     HKEY handle = nullptr;
-    if (RegCreateKeyExW(root, key, &handle) != ERROR_SUCCESS) {
-        return;
+    if (const LONG error = RegCreateKeyExW(root, key, &handle); error != ERROR_SUCCESS) {
+        return static_cast<DWORD>(error);
     }
     BYTE bytes[4];
     qToLittleEndian<quint32>(number, bytes);
-    RegSetValueExW(handle, name, REG_DWORD, bytes, sizeof bytes);
+    const LONG error = RegSetValueExW(handle, name, REG_DWORD, bytes, sizeof bytes);
     RegCloseKey(handle);
+    return static_cast<DWORD>(error);
 }
 
 QString RegistryHelper::GetString(HKEY root, const QString& key, const QString& name) {
@@ -53,17 +54,18 @@ QString RegistryHelper::GetString(HKEY root, const QString& key, const QString& 
     return end < 0 ? text : text.left(end);
 }
 
-void RegistryHelper::SetString(HKEY root, const QString& key, const QString& name, const QString& text) {
+DWORD RegistryHelper::SetString(HKEY root, const QString& key, const QString& name, const QString& text) {
     HKEY handle = nullptr;
-    if (RegCreateKeyExW(root, key, &handle) != ERROR_SUCCESS) {
-        return;
+    if (const LONG error = RegCreateKeyExW(root, key, &handle); error != ERROR_SUCCESS) {
+        return static_cast<DWORD>(error);
     }
     // UTF-16LE with the terminating zero counted in the length, as the platform stores strings.
     QByteArray bytes(static_cast<qsizetype>((text.size() + 1) * 2), '\0');
     for (qsizetype i = 0; i < text.size(); ++i) {
         qToLittleEndian<quint16>(text.at(i).unicode(), bytes.data() + 2 * i);
     }
-    RegSetValueExW(handle, name, REG_SZ, reinterpret_cast<const BYTE*>(bytes.constData()),
-                   static_cast<DWORD>(bytes.size()));
+    const LONG error = RegSetValueExW(handle, name, REG_SZ, reinterpret_cast<const BYTE*>(bytes.constData()),
+                                      static_cast<DWORD>(bytes.size()));
     RegCloseKey(handle);
+    return static_cast<DWORD>(error);
 }

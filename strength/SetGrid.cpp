@@ -5,6 +5,7 @@
 #include "DeviceCombo.h"
 #include "DeviceFonts.h"
 #include "ExerciseLists.h"
+#include "ExerciseNameEdit.h"
 #include "MessageBox.h"
 #include "NumberEdit.h"
 #include "PageHeading.h"
@@ -118,6 +119,8 @@ void SetGrid::createRow(int index) {
     place(row.label, kLabel, top);
 
     row.exercise = makeCombo(ids[kExerciseId], true, 0, -1);
+    row.exercise->useLineEdit(new ExerciseNameEdit(row.exercise));
+    row.exercise->lineEdit()->setTextMargins(-1, 0, -1, 0);
     row.exercise->view()->setMinimumWidth(kExerciseListWidth);
     place(row.exercise, kExercise, top);
     row.reps = makeCombo(ids[kRepsId], true, 0, 20);

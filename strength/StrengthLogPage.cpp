@@ -209,7 +209,12 @@ void StrengthLogPage::Load() {
 }
 
 void StrengthLogPage::SaveHeader() {
-    records().WriteHeader(m_date, controlValues());
+    const StrengthRecords strength = records();
+    // A write that failed has been told: the page shows what the store holds, not what was not
+    // saved. Without a record the shown values stay.
+    if (!strength.WriteHeader(m_date, controlValues()) && strength.FindDayA(m_date) != 0) {
+        Load();
+    }
 }
 
 WorkoutHeader StrengthLogPage::controlValues() const {

@@ -5,6 +5,7 @@
 #include "DayKey.h"
 #include "MessageBox.h"
 #include "RecordDatabase.h"
+#include "SaveFailure.h"
 
 namespace {
 const QString kCaption = QStringLiteral("Kovalin");
@@ -52,6 +53,11 @@ bool StrengthRecords::ensureRecord(const QString& name, const DbRecord& extra, c
     return db.Write(record, 0) != 0;
 }
 
+CEOID StrengthRecords::FindDayA(const QDate& day) const {
+    RecordDatabase db;
+    return db.Open(m_aName, DayKey::kPropId) ? db.SeekFirstEqual(DayKey::prop(day)) : 0;
+}
+
 std::optional<StrengthDay> StrengthRecords::LoadDay(const QDate& day) const {
     if (!EnsureDatabases() || !EnsureDay(day)) {
         fail(kErrorAccessingDatabase);
@@ -87,8 +93,11 @@ bool StrengthRecords::WriteHeader(const QDate& day, const WorkoutHeader& header)
         return fail(kDatabaseAccessError);
     }
     const CEOID oid = db.SeekFirstEqual(DayKey::prop(day));
-    if (oid == 0 || db.Write(header.toRecord(), oid) == 0) {
+    if (oid == 0) {
         return fail(kDatabaseAccessError);
+    }
+    if (db.Write(header.toRecord(), oid) == 0) {
+        return fail(SaveFailure::text(GetLastError()));
     }
     return true;
 }
@@ -103,7 +112,7 @@ bool StrengthRecords::WriteGroup(const QDate& day, const MuscleGroup& group, con
         return fail(kRecordNotFound);
     }
     if (db.Write(sets.toRecord(group), oid) == 0) {
-        return fail(kErrorAccessingDatabase);
+        return fail(SaveFailure::text(GetLastError()));
     }
     return true;
 }
@@ -123,7 +132,7 @@ bool StrengthRecords::ClearGroup(const QDate& day, const MuscleGroup& group) con
         }
     }
     if (!removal.isEmpty() && db.Write(removal, db.CurrentRecordId()) == 0) {
-        return fail(kErrorAccessingDatabase);
+        return fail(SaveFailure::text(GetLastError()));
     }
     return true;
 }

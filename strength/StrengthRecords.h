@@ -3,7 +3,8 @@
 // its B record (groups 2 to 5), both keyed on the day, in the region's pair of databases.
 //
 // Each operation opens the database it needs and closes it afterwards. A failure is shown at once
-// in a message box with the operation's fixed text, and nothing more is written.
+// in a message box with the operation's fixed text, and nothing more is written; a write that fails
+// (a full disk) is told with SaveFailure's text.
 
 #include "GroupSets.h"
 #include "MuscleGroup.h"
@@ -38,6 +39,8 @@ public:
     // Adds the day's A record (key, start now, elapsed 0, not completed, the notes placeholder) and
     // its B record (the key alone) when they are missing. Shows nothing; false on a failure.
     bool EnsureDay(const QDate& day) const;
+    // The identifier of the day's A record; 0 when there is none. Shows nothing.
+    CEOID FindDayA(const QDate& day) const;
     // EnsureDatabases, EnsureDay, then ReadDay: what a page does to show a day. A failure of the
     // first two shows "Error accessing database".
     std::optional<StrengthDay> LoadDay(const QDate& day) const;

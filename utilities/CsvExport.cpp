@@ -69,6 +69,14 @@ bool CsvExport::run(ExportProgress& progress) {
 
     progress.progressRange(100);
     progress.progressPosition(100);
+    if (m_failedFiles > 0) {
+        // Each file that failed has been told; success is never claimed over them.
+        progress.status(QStringLiteral("Export failed."));
+        progress.message(
+            QStringLiteral("Export incomplete: %1 of the six files could not be written.").arg(m_failedFiles),
+            ExportProgress::MessageKind::Error);
+        return false;
+    }
     progress.status(QStringLiteral("Export succcessful."));
     progress.message(QStringLiteral("Export successful!"), ExportProgress::MessageKind::Information);
     return complete;
@@ -112,6 +120,7 @@ bool CsvExport::exportLog(UserDatabase which, ExportProgress& progress) {
         } else {
             // Counted a moment ago: the database went in between.
             progress.message(kDataAccessError, ExportProgress::MessageKind::Error);
+            ++m_failedFiles;
         }
         return false;
     }
@@ -129,6 +138,7 @@ bool CsvExport::exportLog(UserDatabase which, ExportProgress& progress) {
     if (!file.create()) {
         progress.message(QStringLiteral("%1 could not be created: %2.").arg(shownPath(which), file.errorString()),
                          ExportProgress::MessageKind::Error);
+        ++m_failedFiles;
         return false;
     }
     CsvLayout::addHeader(log, file);
@@ -138,7 +148,7 @@ bool CsvExport::exportLog(UserDatabase which, ExportProgress& progress) {
     for (; oid != 0 && written; oid = database.SeekNext()) {
         if (!database.ReadCurrent(record)) {
             progress.message(kDataAccessError, ExportProgress::MessageKind::Error);
-            file.close();
+            ++m_failedFiles;
             return false;
         }
         progress.progressPosition(++position);
@@ -149,9 +159,11 @@ bool CsvExport::exportLog(UserDatabase which, ExportProgress& progress) {
         written = file.endLine();
     }
     database.Close();
-    if (!file.close() || !written) {
+    // A file not written whole never takes the old one's place.
+    if (!written || !file.close()) {
         progress.message(QStringLiteral("%1 could not be written: %2.").arg(shownPath(which), file.errorString()),
                          ExportProgress::MessageKind::Error);
+        ++m_failedFiles;
         return false;
     }
     progress.status(kDone);

@@ -29,8 +29,9 @@ public:
     // The whole export, as the Export button runs it: the question, then both body halves, the
     // aerobic log and the food log, each reporting its status texts and progress, and the closing
     // "Export successful!". A log that cannot be exported is skipped with its message and the next
-    // one is tried. True when the six files were written; false when the question was refused or
-    // any log was skipped.
+    // one is tried; when a file could not be created or written, the closing message says the export
+    // is incomplete instead. True when the six files were written; false when the question was
+    // refused or any log was skipped.
     bool run(ExportProgress& progress);
 
     // The two files of a body half, from its A and B databases: neither is written when either
@@ -52,4 +53,6 @@ private:
 
     ExportSource m_databases;
     QString m_folder;
+    // Files that could not be created or written whole in this run.
+    int m_failedFiles = 0;
 };

@@ -2,10 +2,23 @@
 
 #include "AnsiText.h"
 
-CsvFile::CsvFile(const QString& path) : m_file(path) {}
+#include <QFileInfo>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include <unistd.h>
+
+CsvFile::CsvFile(const QString& path) : m_path(path) {
+    const QFileInfo target(path);
+    m_file.setFileTemplate(target.absolutePath() + QStringLiteral("/.") + target.fileName() +
+                           QStringLiteral(".XXXXXX"));
+}
 
 bool CsvFile::create() {
-    return m_file.open(QIODevice::WriteOnly | QIODevice::Truncate, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    // QTemporaryFile makes a file of its own (O_EXCL, 0600): nothing at that name is followed.
+    return m_file.open();
 }
 
 void CsvFile::addCell(const QString& text) {
@@ -34,7 +47,20 @@ bool CsvFile::endLine() {
 }
 
 bool CsvFile::close() {
-    const bool flushed = m_file.flush();
+    // A full disk may show only when the data reaches it.
+    const bool flushed = m_file.flush() && ::fsync(m_file.handle()) == 0;
+    if (!flushed && m_file.error() == QFileDevice::NoError) {
+        m_error = QString::fromLocal8Bit(std::strerror(errno));
+    }
     m_file.close();
-    return flushed && m_file.error() == QFileDevice::NoError;
+    if (!flushed || m_file.error() != QFileDevice::NoError) {
+        return false;
+    }
+    // rename() replaces whatever has the target's name, a link included, and follows nothing.
+    if (std::rename(QFile::encodeName(m_file.fileName()).constData(), QFile::encodeName(m_path).constData()) != 0) {
+        m_error = QString::fromLocal8Bit(std::strerror(errno));
+        return false;
+    }
+    m_file.setAutoRemove(false);
+    return true;
 }

@@ -1,6 +1,7 @@
 #include "RecordCopier.h"
 
 #include "CeDatabaseEx.h"
+#include "RecordLimits.h"
 #include "UtilityReport.h"
 
 #include <vector>
@@ -26,7 +27,19 @@ bool RecordCopier::copyAll(HANDLE from, HANDLE to, UtilityReport& report) {
 bool RecordCopier::readAll(HANDLE from, UtilityReport& report) {
     std::vector<CEPROPVAL> props;
     while (CeReadRecordProps(from, 0, &props) != 0) {
+        if (const QString reason = RecordLimits::check(props); !reason.isEmpty()) {
+            report.message(overLimits(QStringLiteral("The backup"), reason));
+            return false;
+        }
         report.keepResponsive();
     }
-    return GetLastError() == ERROR_NO_MORE_ITEMS;
+    if (GetLastError() != ERROR_NO_MORE_ITEMS) {
+        report.message(kDataAccessError);
+        return false;
+    }
+    return true;
+}
+
+QString RecordCopier::overLimits(const QString& source, const QString& reason) {
+    return QStringLiteral("%1 holds a record larger than Kovalin keeps (%2). Nothing was changed.").arg(source, reason);
 }

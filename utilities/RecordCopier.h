@@ -16,6 +16,10 @@ public:
     // last batch kept.
     static bool copyAll(HANDLE from, HANDLE to, UtilityReport& report);
     // Reads each record of from (opened with CEDB_AUTOINCREMENT) without writing it: true when every
-    // record can be read. Shows nothing.
+    // record can be read and keeps RecordLimits. A record over the limits is told in a message box
+    // that says why, a read that fails as "Data access error"; either ends the reading, false then.
     static bool readAll(HANDLE from, UtilityReport& report);
+    // The message for data from outside (source: "The backup") holding a record that breaks the
+    // limits; reason as RecordLimits::check gives it.
+    static QString overLimits(const QString& source, const QString& reason);
 };

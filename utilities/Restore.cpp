@@ -17,6 +17,22 @@ HANDLE openCopy(const CEGUID& volume, const BackupCopy& copy) {
                             CEDB_AUTOINCREMENT);
 }
 
+// Every copy opens, and every record of each reads and keeps the limits: the file can replace the
+// logs. A failure has been told when it returns false.
+bool backupIsWhole(const CEGUID& volume, UtilityReport& report) {
+    for (const BackupCopy& copy : BackupFile::restoreOrder()) {
+        DbHandle source(openCopy(volume, copy));
+        if (!source.isOpen()) {
+            report.status(kErrorOpeningBackup);
+            return false;
+        }
+        if (!RecordCopier::readAll(source.get(), report)) {
+            return false;
+        }
+    }
+    return true;
+}
+
 // Replaces the log by the copy: true when every record was copied. A failure has been told when it
 // returns false.
 bool restoreLog(const CEGUID& volume, const BackupCopy& copy, const QString& user, UtilityReport& report) {
@@ -101,7 +117,7 @@ bool Restore::run(const QString& user, UtilityReport& report) {
         reportMountFailure(user, GetLastError(), report);
         return false;
     }
-    const bool restored = restoreLogs(volume, user, report);
+    const bool restored = backupIsWhole(volume, report) && restoreLogs(volume, user, report);
     CeUnmountDBVol(&volume);
     if (!restored) {
         return false;

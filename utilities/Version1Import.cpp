@@ -5,6 +5,7 @@
 #include "RecordCopier.h"
 #include "RecordDatabase.h"
 #include "RecordEntries.h"
+#include "RecordLimits.h"
 #include "UtilityReport.h"
 #include "VolumeTransaction.h"
 
@@ -52,17 +53,39 @@ Outcome importDay(std::vector<Target>& targets, const DbProp& key, LogKind kind)
     return Outcome::Imported;
 }
 
-// Imports one version 1 database into its log or, for strength, its A and B logs.
-bool importDatabase(const QString& source, LogKind kind, const QStringList& targetNames, int* imported, int* kept,
-                    UtilityReport& report) {
-    if (!RecordDatabase::Exists(source)) {
-        return true;
+// The day's key when record is a day to import: keyed, not the marker, holding an entry.
+const DbProp* dayKey(const DbRecord& record, LogKind kind) {
+    const DbProp* key = record.find(DayKey::kNumber);
+    if (key == nullptr || key->type() != CEVT_FILETIME || RecordEntries::isMarker(record) ||
+        !RecordEntries::holdsEntry(kind, record)) {
+        return nullptr;
     }
-    for (const QString& name : targetNames) {
-        if (!DatabaseCatalogue::ensureDatedLog(name)) {
-            return false;
+    return key;
+}
+
+// The records a version 1 day becomes: a strength day is split into its A and B records.
+std::vector<Target> targetsOf(const DbRecord& record, const DbProp& key, LogKind kind, const QStringList& names) {
+    std::vector<Target> targets;
+    if (kind == LogKind::Strength) {
+        Target a{names[0], {}};
+        Target b{names[1], {}};
+        b.record.append(key);
+        for (const DbProp& prop : record.props()) {
+            const bool inB = prop.number() >= kFirstBNumber && prop.number() <= kLastBNumber;
+            (inB ? b : a).record.append(prop);
         }
+        targets.push_back(std::move(a));
+        targets.push_back(std::move(b));
+    } else {
+        targets.push_back({names[0], record});
     }
+    return targets;
+}
+
+// Calls each with every day of a version 1 database and the records it becomes; stops at the first
+// false. False when the database cannot be read.
+template <typename Each>
+bool forEachDay(const QString& source, LogKind kind, const QStringList& names, UtilityReport& report, Each each) {
     RecordDatabase v1;
     if (!v1.Open(source)) {
         return false;
@@ -74,26 +97,47 @@ bool importDatabase(const QString& source, LogKind kind, const QStringList& targ
         if (!v1.ReadCurrent(record)) {
             return false;
         }
-        const DbProp* key = record.find(DayKey::kNumber);
-        if (key == nullptr || key->type() != CEVT_FILETIME || RecordEntries::isMarker(record) ||
-            !RecordEntries::holdsEntry(kind, record)) {
-            continue;
-        }
-        std::vector<Target> targets;
-        if (kind == LogKind::Strength) {
-            Target a{targetNames[0], {}};
-            Target b{targetNames[1], {}};
-            b.record.append(*key);
-            for (const DbProp& prop : record.props()) {
-                const bool inB = prop.number() >= kFirstBNumber && prop.number() <= kLastBNumber;
-                (inB ? b : a).record.append(prop);
+        if (const DbProp* key = dayKey(record, kind)) {
+            std::vector<Target> targets = targetsOf(record, *key, kind, names);
+            if (!each(targets, *key)) {
+                return false;
             }
-            targets.push_back(std::move(a));
-            targets.push_back(std::move(b));
-        } else {
-            targets.push_back({targetNames[0], record});
         }
-        switch (importDay(targets, *key, kind)) {
+    }
+    return true;
+}
+
+// Why a day of the version 1 database breaks the record limits, told before anything is imported;
+// empty when every day keeps them (or the database is missing).
+QString firstOverLimits(const QString& source, LogKind kind, const QStringList& names, UtilityReport& report) {
+    QString reason;
+    if (RecordDatabase::Exists(source)) {
+        forEachDay(source, kind, names, report, [&reason](const std::vector<Target>& targets, const DbProp&) {
+            for (const Target& target : targets) {
+                reason = RecordLimits::check(target.record);
+                if (!reason.isEmpty()) {
+                    return false;
+                }
+            }
+            return true;
+        });
+    }
+    return reason;
+}
+
+// Imports one version 1 database into its log or, for strength, its A and B logs.
+bool importDatabase(const QString& source, LogKind kind, const QStringList& targetNames, int* imported, int* kept,
+                    UtilityReport& report) {
+    if (!RecordDatabase::Exists(source)) {
+        return true;
+    }
+    for (const QString& name : targetNames) {
+        if (!DatabaseCatalogue::ensureDatedLog(name)) {
+            return false;
+        }
+    }
+    return forEachDay(source, kind, targetNames, report, [&](std::vector<Target>& targets, const DbProp& key) {
+        switch (importDay(targets, key, kind)) {
         case Outcome::Imported:
             ++*imported;
             break;
@@ -103,8 +147,8 @@ bool importDatabase(const QString& source, LogKind kind, const QStringList& targ
         case Outcome::Failed:
             return false;
         }
-    }
-    return true;
+        return true;
+    });
 }
 } // namespace
 
@@ -147,16 +191,32 @@ bool Version1Import::run(const QString& user, UtilityReport& report, Counts* cou
     VolumeTransaction transaction;
     const auto names = DatabaseCatalogue::userDatabaseNames(user);
     auto name = [&names](UserDatabase which) { return names[static_cast<int>(which)]; };
-    const bool whole =
-        transaction.isActive() &&
-        importDatabase(databases()[0], LogKind::Strength, {name(UserDatabase::UpperA), name(UserDatabase::UpperB)},
-                       &done.upper, &done.kept, report) &&
-        importDatabase(databases()[1], LogKind::Strength, {name(UserDatabase::LowerA), name(UserDatabase::LowerB)},
-                       &done.lower, &done.kept, report) &&
-        importDatabase(databases()[2], LogKind::Aerobic, {name(UserDatabase::Aerobic)}, &done.aerobic, &done.kept,
-                       report) &&
-        importDatabase(databases()[3], LogKind::Food, {name(UserDatabase::Food)}, &done.food, &done.kept, report) &&
-        transaction.commit();
+    struct Source {
+        LogKind kind;
+        QStringList targets;
+        int* imported;
+    };
+    const Source sources[] = {
+        {LogKind::Strength, {name(UserDatabase::UpperA), name(UserDatabase::UpperB)}, &done.upper},
+        {LogKind::Strength, {name(UserDatabase::LowerA), name(UserDatabase::LowerB)}, &done.lower},
+        {LogKind::Aerobic, {name(UserDatabase::Aerobic)}, &done.aerobic},
+        {LogKind::Food, {name(UserDatabase::Food)}, &done.food}};
+    // Every day is checked before any is written: data over the limits is refused whole.
+    for (size_t i = 0; i < std::size(sources); ++i) {
+        if (const QString reason =
+                firstOverLimits(databases()[static_cast<int>(i)], sources[i].kind, sources[i].targets, report);
+            !reason.isEmpty()) {
+            report.message(RecordCopier::overLimits(QStringLiteral("The version 1 data"), reason));
+            report.status(QString());
+            return false;
+        }
+    }
+    bool whole = transaction.isActive();
+    for (size_t i = 0; i < std::size(sources) && whole; ++i) {
+        whole = importDatabase(databases()[static_cast<int>(i)], sources[i].kind, sources[i].targets,
+                               sources[i].imported, &done.kept, report);
+    }
+    whole = whole && transaction.commit();
     if (!whole) {
         done = Counts{}; // rolled back: nothing came in
         report.message(RecordCopier::kDataAccessError);

@@ -28,7 +28,7 @@ DirectStore::DirectStore(QString path) : m_path(std::move(path)) {}
 
 DirectStore::~DirectStore() {
     for (sqlite3_stmt* statement : {m_findDatabase, m_seekEqual, m_readProps, m_beginRead, m_begin, m_checkRecord,
-                                    m_upsertProp, m_commit, m_rollback, m_walk, m_readRange, m_walkBack}) {
+                                    m_upsertProp, m_commit, m_rollback, m_walk, m_readRange, m_walkBack, m_addRecord}) {
         sqlite3_finalize(statement);
     }
     sqlite3_close(m_db);
@@ -67,6 +67,7 @@ bool DirectStore::open() {
            prepare(&m_upsertProp, "INSERT INTO props(record, propid, value) VALUES (?1, ?2, ?3) "
                                   "ON CONFLICT(record, propid) DO UPDATE SET value = excluded.value") &&
            prepare(&m_commit, "COMMIT") && prepare(&m_rollback, "ROLLBACK") &&
+           prepare(&m_addRecord, "INSERT INTO records(db, sort_key) VALUES (?1, ?2)") &&
            prepare(&m_walk, "SELECT oid FROM records WHERE db = ?1 ORDER BY sort_key, oid") &&
            prepare(&m_readRange, "SELECT propid, value FROM props WHERE record = ?1 AND propid BETWEEN ?2 AND ?3 "
                                  "ORDER BY propid") &&
@@ -265,4 +266,29 @@ DirectRecord DirectStore::fromRecord(const DbRecord& record) {
         props.push_back(direct);
     }
     return props;
+}
+
+bool DirectStore::beginWrite() {
+    return exec(m_begin);
+}
+
+bool DirectStore::commitWrite() {
+    return exec(m_commit);
+}
+
+CEOID DirectStore::addRecord(CEOID database, std::int64_t key, const DirectRecord& props) {
+    sqlite3_bind_int64(m_addRecord, 1, database);
+    sqlite3_bind_int64(m_addRecord, 2, key);
+    if (!exec(m_addRecord)) {
+        return 0;
+    }
+    const auto record = static_cast<CEOID>(sqlite3_last_insert_rowid(m_db));
+    sqlite3_bind_int64(m_upsertProp, 1, record);
+    for (const DirectProp& prop : props) {
+        sqlite3_bind_int64(m_upsertProp, 2, prop.id);
+        if (bindValue(m_upsertProp, 3, prop) != SQLITE_OK || !exec(m_upsertProp)) {
+            return 0;
+        }
+    }
+    return record;
 }

@@ -65,6 +65,13 @@ public:
     // in the store; every record of a generated log has one.)
     long walk(CEOID database, const std::function<void(CEOID, const DirectRecord&)>& visit);
 
+    // A write transaction around several writes: one commit for all of them.
+    bool beginWrite();
+    bool commitWrite();
+    // Adds a record keyed key to database, holding props (the key among them), inside the open write
+    // transaction; its identifier, 0 on failure.
+    CEOID addRecord(CEOID database, std::int64_t key, const DirectRecord& props);
+
     // The values a record's properties are stored as.
     static DirectRecord fromRecord(const DbRecord& record);
 
@@ -92,4 +99,5 @@ private:
     sqlite3_stmt* m_walk = nullptr;
     sqlite3_stmt* m_readRange = nullptr;
     sqlite3_stmt* m_walkBack = nullptr;
+    sqlite3_stmt* m_addRecord = nullptr;
 };

@@ -3,6 +3,7 @@
 #include "NameList.h"
 #include "ShellTestSupport.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -25,11 +26,12 @@ protected:
         }
         return texts;
     }
+    // Types text where the focus is, as a person does (the editor opens, and Add leaves it, in the edit
+    // box), and taps Add.
     static void add(QWidget* dialog, const QString& text) {
-        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("c1008"));
-        name->clear();
-        QTest::keyClicks(name, text);
-        dialog->findChild<QPushButton*>(QStringLiteral("c1002"))->click();
+        dialog->findChild<QLineEdit*>(QStringLiteral("c1008"))->clear();
+        QTest::keyClicks(QApplication::focusWidget(), text);
+        QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("c1002")), Qt::LeftButton);
     }
     static void select(QWidget* dialog, const QString& text) {
         auto* list = dialog->findChild<QListWidget*>(QStringLiteral("c1028"));

@@ -111,15 +111,6 @@ TEST_F(OptionsDialogTest, CancelAfterChangesWritesNothing) {
     }
     press("c2");
     EXPECT_EQ(SqlReader(m_device.paths().objectStore()).value(QStringLiteral("SELECT count(*) FROM registry")), 0);
-
-    storeSix(1, 1, 0, 1, 1, 0);
-    const QString before = storedSix();
-    auto dialog = reopen();
-    for (int id : kTopToBottom) {
-        QTest::mouseClick(dialog->box(id), Qt::LeftButton);
-    }
-    dialog->findChild<QPushButton*>(QStringLiteral("c2"))->click();
-    EXPECT_EQ(storedSix(), before);
 }
 
 TEST_F(OptionsDialogTest, TheBoxesStandTopToBottomWithoutOverlapInTahomaOfHeightEleven) {

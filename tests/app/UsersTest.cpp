@@ -2,6 +2,7 @@
 // widgets; the user list and the databases are read back with plain SQL. Which names are refused and
 // which databases a row owns are the user list's (tests/store).
 
+#include "AerobicRecords.h"
 #include "Clock.h"
 #include "FoodRecords.h"
 #include "NavigationBar.h"
@@ -10,8 +11,11 @@
 #include "ShellPageFactory.h"
 #include "ShellTestSupport.h"
 #include "SqlReader.h"
+#include "StoredDays.h"
+#include "StrengthRecords.h"
 #include "UserList.h"
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -84,12 +88,16 @@ protected:
                    "p.value)")
             .toString();
     }
-    int databaseCount(const QString& user) const {
+    // The day's values in db that are not empty, 0, "no choice" or the notes placeholder, as
+    // "number=value" in id order (the key left out).
+    QString valuesOf(const QString& db, const QDate& day) const {
         return SqlReader(m_device.paths().objectStore())
-            .value("SELECT count(*) FROM databases WHERE name IN ('Kov2AUpperBody' || ?1, 'Kov2BUpperBody' || ?1, "
-                   "'Kov2ALowerBody' || ?1, 'Kov2BLowerBody' || ?1, 'Kov2Food' || ?1, 'Kov2Aerobic' || ?1)",
-                   {user})
-            .toInt();
+            .value("SELECT group_concat((propid >> 16) || '=' || value, ',') FROM (SELECT propid, value FROM props "
+                   "WHERE record = (SELECT r.oid FROM records r JOIN databases d ON r.db = d.oid JOIN props k ON "
+                   "k.record = r.oid WHERE d.name = ? AND k.propid = 4194368 AND k.value = ?) AND propid != 4194368 "
+                   "AND value NOT IN (0, 65535, -1, '', '<Click to add Notes>') ORDER BY propid)",
+                   {db, StoredDays::keyOf(day)})
+            .toString();
     }
     void switchTo(const QString& user) {
         chooseUser(user);
@@ -196,9 +204,6 @@ TEST_F(UsersTest, ManageUsersRefusesBadNamesOffersTheTypedOneAndChangesNothingUn
 }
 
 TEST_F(UsersTest, DeletingAUserNeedsYesTypedAndOk) {
-    for (const QString& name : DatabaseCatalogue::userDatabaseNames("Ann")) {
-        ASSERT_TRUE(DatabaseCatalogue::ensureDatedLog(name));
-    }
     ASSERT_EQ(UserList::add("Ann"), UserList::AddResult::Added);
     start();
     QString asked;
@@ -217,7 +222,6 @@ TEST_F(UsersTest, DeletingAUserNeedsYesTypedAndOk) {
                      "OK.");
     EXPECT_EQ(m_boxes.texts(), QStringList({"Operation Cancelled", "Operation Cancelled"}));
     EXPECT_EQ(shown, QStringList({"<add new user>", "Default"}));
-    EXPECT_EQ(databaseCount("Ann"), 0);
     EXPECT_EQ(storedRows(), "<add new user>|Default");
 }
 
@@ -260,24 +264,61 @@ TEST_F(UsersTest, DeletingTheCurrentUserAsksForAnotherAndARowAlreadyGoneIsReport
     EXPECT_EQ(main().currentUserName(), "");
 }
 
-TEST_F(UsersTest, ThePagesShowTheDayOfTheUserSwitchedToEvenWithoutDatabases) {
-    Clock::setFixed(QDateTime(QDate(2024, 3, 14), QTime(9, 41)));
-    FoodDayValues ann;
-    ann.weight = 131;
-    const FoodRecords annFood("Kov2FoodAnn");
-    ASSERT_TRUE(annFood.EnsureDatabase() && annFood.CreateDay(QDate(2024, 3, 14)) != 0);
-    ASSERT_TRUE(annFood.SaveDay(QDate(2024, 3, 14), ann));
-    ASSERT_EQ(UserList::add("Ann"), UserList::AddResult::Added);
-    ASSERT_EQ(UserList::add("Bob"), UserList::AddResult::Added);
+// Default's day on every log, Bob new: once he is current each page shows his new day, and a change there
+// stores what was typed and nothing of Default's.
+TEST_F(UsersTest, AUserSwitchedToKeepsOnlyWhatIsTypedOnHisOwnNewDayOnEveryPage) {
+    const QDate today(2024, 3, 14);
+    Clock::setFixed(QDateTime(today, QTime(9, 41)));
+    FoodDayValues food;
+    food.weight = 182;
+    food.bodyFat = 18.5;
+    food.systolic = 120;
+    food.diastolic = 80;
+    food.overall = 7;
+    const FoodRecords defaultFood("Kov2Food");
+    ASSERT_TRUE(defaultFood.EnsureDatabase() && defaultFood.CreateDay(today) != 0 && defaultFood.SaveDay(today, food));
+    WorkoutHeader header;
+    header.start = QDateTime(today, QTime(6, 30));
+    header.end = QDateTime(today, QTime(7, 45));
+    header.completed = 1;
+    header.notes = QStringLiteral("Default's workout");
+    for (const char* region : {"UpperBody", "LowerBody"}) {
+        const StrengthRecords records(QStringLiteral("Kov2A") + region, QStringLiteral("Kov2B") + region);
+        ASSERT_TRUE(records.EnsureDatabases() && records.EnsureDay(today) && records.WriteHeader(today, header));
+    }
+    AerobicExercise run;
+    run.exercise = QStringLiteral("Running");
+    run.distance = 3.5;
+    run.completed = true;
+    run.start = run.end = header.start;
+    const AerobicRecords aerobic("Kov2Aerobic");
+    ASSERT_TRUE(aerobic.EnsureDatabase() && aerobic.CreateDay(today) != 0 && aerobic.SaveExercise(today, 1, run));
     ShellPageFactory pages;
     start(false, &pages);
-    auto* weight = main().page(4)->findChild<QLineEdit*>("c1353");
-    ASSERT_NE(weight, nullptr);
-    EXPECT_NE(weight->text(), "131");
-    switchTo("Ann");
-    EXPECT_EQ(weight->text(), "131");
-    switchTo("Bob");
+    // Added and made current in Manage Users: the pages are reloaded once.
+    manageUsers([](QWidget* editor) {
+        type(editor, "c1008", "Bob");
+        press(editor, "c1002");
+        answerConfirm("c1");
+        press(editor, "c1");
+    });
+    ASSERT_EQ(main().GetUserName(), "Bob");
+
+    auto typeNumber = [](QWidget* page, int id, const char* keys) {
+        auto* edit = page->findChild<QLineEdit*>(QStringLiteral("c%1").arg(id));
+        edit->selectAll();
+        QTest::keyClicks(edit, keys);
+        QTest::keyClick(edit, Qt::Key_Return);
+    };
+    typeNumber(main().page(4), 1351, "6");
+    // Both regions of a day are one workout: Completed on the upper body marks the lower body too.
+    main().page(1)->findChild<QCheckBox*>("c1015")->click();
+    typeNumber(main().page(3), 1104, "2");
     EXPECT_EQ(m_boxes.texts(), QStringList());
-    EXPECT_TRUE(RecordDatabase::Exists("Kov2FoodBob"));
+    // Bob's own start is the clock's 9:41, which his first visit wrote; his ratings have no choice.
+    EXPECT_EQ(valuesOf("Kov2FoodBob", today), "1001=6");
+    EXPECT_EQ(valuesOf("Kov2AUpperBodyBob", today), "102=9,103=41,105=1");
+    EXPECT_EQ(valuesOf("Kov2ALowerBodyBob", today), "102=9,103=41,105=1");
+    EXPECT_EQ(valuesOf("Kov2AerobicBob", today), "102=9,103=41,722=2.0");
     Clock::setFixed(std::nullopt);
 }

@@ -6,6 +6,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -229,18 +231,42 @@ TEST_F(CsvExportTest, ExportTellsEachStepSkipsWhatItCannotExportAndEndsSuccessfu
     EXPECT_EQ(file("kovupper.csv"), "missing");
 }
 
-TEST_F(CsvExportTest, ALogOfTheMarkerAloneGivesTheHeaderAndAFileThatCannotBeMadeIsReported) {
+TEST_F(CsvExportTest, AFileTakesTheLinksPlaceNeverItsTarget) {
     createLog("Kov2AerobicAnn", {});
-    createLog("Kov2FoodAnn", {});
-    ASSERT_TRUE(QDir(m_device.paths().myDocuments()).mkdir("kovfood.csv"));
+    createLog("Kov2FoodAnn", {QDate(2010, 10, 10)});
+    QTemporaryDir outside;
+    const QString target = outside.filePath("target.txt");
+    VolumeFiles::writeFile(target, "keep");
+    ASSERT_TRUE(QFile::link(target, path("kovaerobic.csv")));
+    ASSERT_TRUE(QFile::link(outside.filePath("missing.txt"), path("kovfood.csv")));
 
     EXPECT_TRUE(m_export.ExportAerobic(m_progress));
+    EXPECT_TRUE(m_export.ExportFood(m_progress));
+    EXPECT_EQ(VolumeFiles::readFile(target), "keep");
+    EXPECT_FALSE(QFile::exists(outside.filePath("missing.txt")));
+    EXPECT_FALSE(QFileInfo(path("kovaerobic.csv")).isSymLink());
+    EXPECT_FALSE(QFileInfo(path("kovfood.csv")).isSymLink());
+    // A log of the marker alone gives the header line alone.
     EXPECT_EQ(file("kovaerobic.csv").count('\r'), 1);
+    EXPECT_EQ(file("kovfood.csv").count('\r'), 2);
+    EXPECT_EQ(QDir(m_device.paths().myDocuments()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList({"kovaerobic.csv", "kovfood.csv"}));
+}
 
-    m_progress.events.clear();
-    EXPECT_FALSE(m_export.ExportFood(m_progress));
-    ASSERT_EQ(m_progress.events.size(), 4);
-    EXPECT_TRUE(m_progress.events[3].startsWith("message:\\My Documents\\kovfood.csv could not be created: "));
+TEST_F(CsvExportTest, AnExportWithFilesThatCannotBeWrittenIsNotCalledSuccessful) {
+    // No strength logs: the halves are skipped as the export always skips them. My Documents is a file.
+    createLog("Kov2AerobicAnn", {});
+    createLog("Kov2FoodAnn", {});
+    ASSERT_TRUE(QDir(m_device.paths().myDocuments()).removeRecursively());
+    VolumeFiles::writeFile(m_device.paths().myDocuments(), "not a folder");
+
+    EXPECT_FALSE(m_export.run(m_progress));
+    const QStringList messages = m_progress.events.filter(QRegularExpression("^message:"));
+    ASSERT_EQ(messages.size(), 5);
+    EXPECT_TRUE(messages[2].startsWith("message:\\My Documents\\kovaerobic.csv could not be created: "));
+    EXPECT_TRUE(messages[3].startsWith("message:\\My Documents\\kovfood.csv could not be created: "));
+    EXPECT_EQ(messages[4], "message:Export incomplete: 2 of the six files could not be written.");
+    EXPECT_EQ(m_progress.events.filter("Export succ"), QStringList());
 }
 
 TEST_F(CsvExportTest, AHalfWritesNoFileWhenEitherDatabaseHoldsFewerThanThreeRecords) {

@@ -2,9 +2,12 @@
 // food database holds is read back with plain SQL.
 
 #include "FoodLogPage.h"
+#include "CeDatabase.h"
 #include "Clock.h"
 #include "DateControl.h"
+#include "FaultyVfs.h"
 #include "FoodRecords.h"
+#include "ListCellDelegate.h"
 #include "MessageBox.h"
 #include "NotesEdit.h"
 #include "NumberEdit.h"
@@ -173,6 +176,26 @@ TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneS
     EXPECT_EQ(stored().propCount(kFood, kToday), 16);
 }
 
+TEST_F(FoodLogPageTest, ASaveThatFailsOnAFullDiskIsToldAndThePageShowsWhatIsStored) {
+    // The store is mounted again through a file system that can be made to fail.
+    CeUnmountObjectStore();
+    FaultyVfs vfs;
+    ASSERT_TRUE(CeMountObjectStore(m_device.paths().objectStore()));
+    showPage();
+    auto* notes = control<NotesEdit>(IDC_FOOD_NOTES);
+    notes->setFocus();
+    QTest::keyClicks(notes, "Slept well");
+    ASSERT_EQ(value(1132, kText).toString(), "Slept well");
+
+    vfs.failCall(FaultyVfs::Call::Write, 1, true);
+    QTest::keyClicks(notes, "!");
+    EXPECT_TRUE(vfs.fired());
+    EXPECT_EQ(m_boxes.texts(), QStringList{"Your change was not saved. Kovalin cannot write to " +
+                                           m_device.paths().objectStore() + ": the disk is full (error 112)."});
+    EXPECT_EQ(notes->notes(), "Slept well");
+    EXPECT_EQ(value(1132, kText).toString(), "Slept well");
+}
+
 TEST_F(FoodLogPageTest, TheSpinsSetWaterAndWeightByOneAndBodyFatByTenths) {
     showPage();
     const struct {
@@ -200,15 +223,26 @@ TEST_F(FoodLogPageTest, MealsAreAddedEditedAndDeletedThroughTheListMenusAndTheMe
     answerMealDialog("7:05a", {"Greek Yogurt", "Oatmeal", "", "Fish Oil"});
     holdAndChoose(-1, ID_FOOD_ADDMEAL, &shown);
     EXPECT_EQ(shown, QStringList{"Add Meal"});
-    const std::pair<QString, int> columns[] = {{"Time", 36}, {"Protein", 47}, {"Carb", 47}, {"Veg", 46}, {"Other", 46}};
-    for (int column = 0; column < 5; ++column) {
-        EXPECT_EQ(std::make_pair(list()->headerItem()->text(column), list()->header()->sectionSize(column)),
-                  columns[column]);
+    QStringList headings;
+    for (int column = 0; column < list()->columnCount(); ++column) {
+        headings << list()->headerItem()->text(column);
     }
+    EXPECT_EQ(headings, QStringList({"Time", "Protein", "Carb", "Veg", "Other"}));
     EXPECT_EQ(rows(), QStringList{"7:05A|Greek Yogurt|Oatmeal||Fish Oil"});
     EXPECT_EQ(stored().props(kFood, kToday, 1010, 1015), "1010:64,1012:31,1013:31,1014:31,1015:31");
     EXPECT_EQ(value(1010, kFileTime).toLongLong(), StoredDays::fileTimeOf(QDate(1968, 11, 29), QTime(7, 5, 12, 12)));
     EXPECT_EQ(value(1012, kText).toString(), "Greek Yogurt");
+    // The columns fill the list and stay apart: the widest time shows whole, a longer name is cut with
+    // an ellipsis before the next column.
+    auto* list = control<QTreeWidget>(IDC_FOOD_MEALS);
+    int columns = 0;
+    for (int column = 0; column < FoodLogPage::kColumnCount; ++column) {
+        columns += list->header()->sectionSize(column);
+    }
+    EXPECT_EQ(columns, list->viewport()->width());
+    EXPECT_EQ(ListCellDelegate::shownText("12:00P", list->font(), list->header()->sectionSize(0)), "12:00P");
+    EXPECT_EQ(ListCellDelegate::shownText("Greek Yogurt", list->font(), list->header()->sectionSize(1)).back(),
+              QChar(0x2026));
 
     // The tool bar's "Add Meal": a meal with every text empty is stored with empty strings.
     answerMealDialog({}, {});

@@ -124,12 +124,12 @@ TEST(TodayGoalsTest, GoalsAreCutToTheLinesOfTheirBox) {
     static char* argv[] = {name, nullptr};
     QGuiApplication app(argc, argv);
     const QFont font = DeviceFonts::tahoma(13);
-    EXPECT_TRUE(TodayPage::goalsLines("", font, 160, 3).isEmpty());
+    EXPECT_TRUE(TodayPage::wrappedLines("", font, 160, 3).isEmpty());
     // As many lines as the box holds are shown whole; one more cuts the last shown.
-    EXPECT_EQ(TodayPage::goalsLines("One\nTwo\nThree", font, 160, 3), QStringList({"One", "Two", "Three"}));
-    EXPECT_EQ(TodayPage::goalsLines("One\nTwo\nThree.\nFour", font, 160, 3), QStringList({"One", "Two", "Three..."}));
+    EXPECT_EQ(TodayPage::wrappedLines("One\nTwo\nThree", font, 160, 3), QStringList({"One", "Two", "Three"}));
+    EXPECT_EQ(TodayPage::wrappedLines("One\nTwo\nThree.\nFour", font, 160, 3), QStringList({"One", "Two", "Three..."}));
     // A long paragraph wraps at whole words and ends in "..." within the width.
-    const QStringList wrapped = TodayPage::goalsLines(
+    const QStringList wrapped = TodayPage::wrappedLines(
         "Lose five pounds by summer, run three times a week, stretch every morning and sleep eight hours", font, 100,
         3);
     ASSERT_EQ(wrapped.size(), 3);

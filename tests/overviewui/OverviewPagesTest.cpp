@@ -59,13 +59,18 @@ protected:
 };
 } // namespace
 
-TEST_F(OverviewPagesTest, TodayTapsOpenThePagesOfTheirBoxes) {
-    m_sql.writeDay("Kov2Aerobic", kToday, {text(701, "Run")});
+TEST_F(OverviewPagesTest, TodayShowsAThreeItemWorkoutAndAFourItemMealWholeAndTapsOpenThePagesOfTheirBoxes) {
+    m_sql.writeDay("Kov2Aerobic", kToday, {text(701, "Rowing")});
     m_sql.writeDay("Kov2AUpperBody", kToday, {text(106, "Bench")});
-    m_sql.writeDay("Kov2Food", kToday, {SqlLogWriter::mealTime(1010, 18, 0), text(1012, "Steak")});
+    m_sql.writeDay("Kov2Food", kToday,
+                 {SqlLogWriter::mealTime(1010, 18, 0), text(1012, "Salmon"), text(1013, "Potato"),
+                  text(1014, "Asparagus"), text(1015, "Fish Oil")});
     startProgram();
-    ASSERT_TRUE(waitUntil([this] { return today().workoutText() == "Run, Upper Body, Lower Body"; }));
-    EXPECT_EQ(today().nextMealText(), "Steak");
+    ASSERT_TRUE(waitUntil([this] { return today().workoutText() == "Rowing, Upper Body, Lower Body"; }));
+    EXPECT_EQ(today().nextMealText(), "Salmon, Potato, Asparagus, Fish Oil");
+    // Each text is drawn whole within the lines of its box, broken between items where a line is full.
+    EXPECT_EQ(today().workoutLines().join(' '), today().workoutText());
+    EXPECT_EQ(today().nextMealLines().join(' '), today().nextMealText());
 
     tapToday({100, 70});
     EXPECT_EQ(tab(), 3);

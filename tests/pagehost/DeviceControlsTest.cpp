@@ -269,6 +269,7 @@ TEST_F(ControlTest, NumbersOutOfRangeOrNotNumbersAreRefusedWithThePlatformsMessa
             EXPECT_EQ(m_boxes.texts(), QStringList{QString::fromLatin1(c.message)}) << c.typed;
             EXPECT_EQ(c.edit->value(), 7) << c.typed;
             EXPECT_EQ(c.edit->text(), "7");
+            EXPECT_TRUE(c.edit->hasFocus()) << "the field is put right before the person moves on";
             EXPECT_EQ(changes.count(), 0);
         } else {
             EXPECT_TRUE(m_boxes.texts().isEmpty()) << c.typed;
@@ -299,7 +300,7 @@ TEST_F(ControlTest, TheUpDownStepsFromTheTypedValueAndStopsAtItsEnds) {
     EXPECT_EQ(fat->value(), 0);
 }
 
-TEST_F(ControlTest, RatingsHaveNoChoiceAndNotesLoseThePlaceholderOnFocus) {
+TEST_F(ControlTest, RatingsHaveNoChoiceAndNotesLoseThePlaceholderOnFocusAndKeepToTheNoteLimit) {
     auto* rating = place(new RatingCombo(nullptr), 40);
     EXPECT_EQ(rating->count(), 11);
     rating->setRating(10);
@@ -321,4 +322,14 @@ TEST_F(ControlTest, RatingsHaveNoChoiceAndNotesLoseThePlaceholderOnFocus) {
     notes->setFocus();
     QApplication::processEvents();
     EXPECT_EQ(notes->notes(), "Felt strong") << "a person's notes stay on focus";
+
+    // A note stored longer than a note may be is shown by its first 10000 characters, and typing
+    // stops there.
+    const QString longest = QString(10000, u'a');
+    notes->setNotes(longest + u'b');
+    EXPECT_EQ(notes->notes(), longest);
+    notes->setFocus();
+    notes->moveCursor(QTextCursor::End);
+    QTest::keyClicks(notes, "c");
+    EXPECT_EQ(notes->notes(), longest);
 }

@@ -67,6 +67,14 @@ TEST(DevicePaths, CreatesTheDeviceFolderPrivatelyAndNeverFillsAFolderThatIsNotAD
     ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
     EXPECT_EQ(DevicePaths(blocker.fileName()).claim(), ERROR_DIRECTORY);
     EXPECT_EQ(DevicePaths(blocker.fileName() + "/device").claim(), ERROR_DIRECTORY);
+
+    // A device whose My Documents is a file: the folder that cannot be made is the one named.
+    const DevicePaths blocked(temp.path() + "/blocked");
+    ASSERT_TRUE(QDir().mkpath(blocked.windowsFolder()));
+    QFile(blocked.myDocuments()).open(QIODevice::WriteOnly);
+    QString failed;
+    EXPECT_EQ(blocked.createFolders(&failed), ERROR_DIRECTORY);
+    EXPECT_EQ(failed, blocked.myDocuments());
 }
 
 TEST(DevicePaths, MapsDevicePathsInsideTheFolderOnly) {

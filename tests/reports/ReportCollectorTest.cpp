@@ -107,6 +107,41 @@ TEST_F(ReportCollectorTest, ASingleEntryIsOneMarkedPointAtItsPlaceAndTheAverage)
     EXPECT_EQ(chart.pointAt(QPointF(134, 87.1)), -1);
 }
 
+TEST_F(ReportCollectorTest, EachDateStandsUnderItsDaysPointAndPointsAreMarkedOnlyWhereTheyStandApart) {
+    weigh(kToday.addDays(-6), 150);
+    weigh(kToday, 152);
+    const Report week = collect(kBodyWeight, kWeek);
+    const ReportChart chart(week, QPointF(34, 245));
+    const auto labels = chart.dayLabels();
+    // The label nearest the origin names the first point's day and stands at its x, one day in.
+    EXPECT_EQ(labels[0].day, week.points().front().date);
+    EXPECT_EQ(labels[0].x, chart.position(week.points().front()).x());
+    EXPECT_EQ(labels[0].text, "3/8");
+    EXPECT_EQ(labels[1].x, 234.0);
+    EXPECT_EQ(labels[1].text, "3/14");
+    // A year's dates carry the year; the shorter periods' do not.
+    EXPECT_EQ(ReportChart::dateText(QDate(2023, 3, 16), 365), "3/16/23");
+    EXPECT_EQ(ReportChart::dateText(QDate(2023, 3, 16), 84), "3/16");
+
+    // A mark needs six pixels to the next point: over a year points ten days apart (5.5 pixels) run
+    // together, eleven days (6.0) do not; a year of weekly points is a line ending at the axis's end.
+    const struct {
+        int days;
+        int apart;
+        bool marked;
+    } spacings[] = {{365, 7, false}, {365, 10, false}, {365, 11, true}, {84, 2, false}, {84, 3, true}, {28, 1, true}};
+    for (const auto& spacing : spacings) {
+        std::vector<Report::Point> points;
+        for (int n = spacing.days; n >= 1; n -= spacing.apart) {
+            points.insert(points.begin(), {kToday.addDays(n - spacing.days), n, 3.0});
+        }
+        const Report report(kToday, spacing.days, points);
+        const ReportChart spaced(report, QPointF(34, 245));
+        EXPECT_EQ(spaced.marksPoints(), spacing.marked) << spacing.days << " " << spacing.apart;
+        EXPECT_EQ(spaced.polyline().back().x(), 234.0);
+    }
+}
+
 TEST_F(ReportCollectorTest, FoodValuesOfAnyIntegerTypeCountAndAbsentZeroOrUnchosenOnesGiveNoPoint) {
     const QString food = log(UserDatabase::Food);
     m_sql.writeDay(food, kToday.addDays(-6), {{1002, kUI2, 181}, {1152, kI2, 10}, {1153, kI2, 7}});

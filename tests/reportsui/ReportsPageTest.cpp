@@ -41,7 +41,7 @@ protected:
         }
         return texts;
     }
-    // Opens the drop-down and taps the item.
+    // Opens the drop-down, scrolls its list to the item and taps it.
     void choose(int id, const QString& text) {
         DeviceCombo* box = combo(id);
         const int index = box->findText(text);
@@ -49,6 +49,7 @@ protected:
         box->showPopup();
         QAbstractItemView* view = box->view();
         ASSERT_TRUE(waitUntil([view] { return view->isVisible(); }));
+        view->scrollTo(view->model()->index(index, 0));
         const QRect item = view->visualRect(view->model()->index(index, 0));
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, item.center());
         ASSERT_TRUE(waitUntil([box, text] { return box->currentText() == text; }));
@@ -119,7 +120,6 @@ TEST_F(ReportsPageTest, ChoicesRecollectAndATapShowsThePointUnderTheStylusUntilT
     m_sql.writeDay("Kov2AUpperBody", kToday.addDays(-1),
                    {{111, kText, "Barbell Bench Press"}, {113, kR8, 135.0}, {106, kText, "Dumbbell Flyes"}});
     m_sql.writeDay("Kov2AUpperBody", kToday, {{111, kText, "Dumbbell Flyes"}, {113, kR8, 30.0}});
-    m_sql.writeList("KovChestList", {"Barbell Bench Press", "Dumbbell Flyes"});
     showPage();
     EXPECT_EQ(points(), QStringList({"2:180", "7:190"}));
 
@@ -136,9 +136,6 @@ TEST_F(ReportsPageTest, ChoicesRecollectAndATapShowsThePointUnderTheStylusUntilT
     choose(IDC_REPORTS_MEASURE, "Wt Chest, Set #");
     choose(IDC_REPORTS_SET, "Set 2");
     EXPECT_EQ(points(), QStringList({"27:135", "28:30"}));
-    choose(IDC_REPORTS_EXERCISE, "Dumbbell Flyes");
-    EXPECT_EQ(points(), QStringList({"28:30"}));
-    EXPECT_EQ(page().report().average(), 30.0);
 }
 
 TEST_F(ReportsPageTest, WorkoutsFollowTheAsOneSettingAndAnotherUsersLogsReplaceTheChart) {

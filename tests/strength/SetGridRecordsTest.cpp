@@ -108,19 +108,3 @@ TEST_F(SetGridRecordsTest, ChangingTheFirstExercisePullsTheLastSetsItLedOrFillsI
     EXPECT_EQ(unchanged, expected);
     EXPECT_TRUE(m_boxes.texts().isEmpty());
 }
-
-TEST_F(SetGridRecordsTest, ClearActionsEmptyRowsAndSaveNeedsTheDay) {
-    GroupSets sets = rows({{"a", "1"}, {"b", "2"}, {"c", "3"}, {"d", "4"}});
-    sets.at(1).rest = "2";
-    sets.at(1).intensity = 7;
-    sets.clearRow(1);
-    EXPECT_EQ(sets.at(1), StrengthSet());
-    EXPECT_EQ(sets.at(2).exercise, "c");
-    sets.clearFrom(2);
-    EXPECT_EQ(sets, rows({{"a", "1"}}));
-    sets.clearAll();
-    EXPECT_EQ(sets, GroupSets());
-
-    EXPECT_FALSE(m_grid.save(kToday, kCalves, sets));
-    EXPECT_EQ(m_boxes.texts(), QStringList({"Record not found"}));
-}

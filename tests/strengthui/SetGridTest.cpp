@@ -2,6 +2,8 @@
 
 #include "CommandBar.h"
 #include "DeviceCombo.h"
+#include "ExerciseLists.h"
+#include "ExerciseNameEdit.h"
 #include "ItemListDialog.h"
 #include "NumberEdit.h"
 #include "RatingCombo.h"
@@ -9,11 +11,13 @@
 #include "UpDownControl.h"
 #include "resource.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSet>
 #include <QStyle>
 #include <QTest>
 #include <QToolButton>
@@ -199,11 +203,51 @@ TEST_F(SetGridTest, PickingTheFirstExercisePullsTheSetsItLastLedOrFillsTheNextRo
     EXPECT_EQ(shownRow(0), "Dumbbell Flyes|12|30|1|6");
     EXPECT_EQ(shownRow(1), "Dumbbell Flyes|10|35|1|7");
 
-    // A name typed into row 1 counts once it is entered: nothing was led by it before, so the rows
-    // that held the replaced exercise follow it.
+    // A name typed into row 1 counts once it is entered: nothing was led by this one, so rows 2 to 5
+    // follow it.
     type(row(0).exercise->lineEdit(), "Barbell Bench Press");
     QTest::keyClick(row(0).exercise->lineEdit(), Qt::Key_Return);
-    EXPECT_EQ(shownRow(1), "Barbell Bench Press|10|35|1|7");
+    EXPECT_EQ(shownRow(4), "Barbell Bench Press||0||0");
+}
+
+TEST_F(SetGridTest, EveryDefaultExerciseReadsApartInItsBoxTheSameAfterAPickAsAfterAReopen) {
+    open(ID_UPPER_CHEST);
+    auto* box = static_cast<ExerciseNameEdit*>(row(9).exercise->lineEdit());
+    const QFont small = ExerciseNameEdit::twoLineFont(box->font(), box->height());
+    const int width = box->width() - 2;
+    for (const BodyRegion region : {BodyRegion::Upper, BodyRegion::Lower}) {
+        for (const MuscleGroup& group : MuscleGroup::ofRegion(region)) {
+            QSet<QString> shown;
+            for (const QString& name : ExerciseLists::defaults(group)) {
+                const QStringList lines = ExerciseNameEdit::shownLines(name, box->font(), small, width);
+                EXPECT_TRUE(name.startsWith(lines.front())) << name.toStdString();
+                // Drawn in the box's font when the name fits it, else in the small one.
+                const QFontMetrics drawn(QFontMetrics(box->font()).horizontalAdvance(name) <= width ? box->font()
+                                                                                                    : small);
+                for (const QString& line : lines) {
+                    EXPECT_LE(drawn.horizontalAdvance(line), width) << line.toStdString();
+                }
+                shown.insert(lines.join('|'));
+            }
+            EXPECT_EQ(shown.size(), ExerciseLists::defaults(group).size()) << group.name().toStdString();
+        }
+    }
+
+    // Picked from the list of the lowest row shown: the name is shown as the box shows it after a reopen,
+    // not as a line being typed (which would show its end).
+    focus(row(9).exercise);
+    row(9).exercise->showPopup();
+    QAbstractItemView* list = row(9).exercise->view();
+    list->setCurrentIndex(list->model()->index(kChestSorted.indexOf("Dumbbell Bench Press"), 0));
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(row(9).exercise->currentText(), "Dumbbell Bench Press");
+    EXPECT_FALSE(box->isTyping());
+    QTest::keyClick(box, Qt::Key_End);
+    EXPECT_TRUE(box->isTyping());
+    trigger(ID_GRID_SAVE);
+    open(ID_UPPER_CHEST);
+    EXPECT_EQ(row(9).exercise->currentText(), "Dumbbell Bench Press");
+    EXPECT_FALSE(box->isTyping());
 }
 
 TEST_F(SetGridTest, TheListButtonEditsTheGroupsListAndTheRowTakesTheNewExercise) {
@@ -280,10 +324,13 @@ TEST_F(SetGridTest, WeightsShowWholeAndARefusedWeightSavesNothing) {
     EXPECT_TRUE(grid().isVisible()) << "the grid stays for the weight to be put right";
     EXPECT_EQ(row(1).weight->text(), "999.9");
     EXPECT_EQ(stored().value(kUpperA, kToday, 113, kR8), 999.9);
-    type(row(1).weight, "abc");
-    trigger(ID_GRID_SAVE);
-    EXPECT_EQ(m_boxes.texts().last(), "Please enter a number.");
-    EXPECT_EQ(stored().value(kUpperA, kToday, 113, kR8), 999.9);
+    // Left with Tab: the last accepted weight comes back and keeps the focus to be put right.
+    focus(row(1).weight);
+    type(row(1).weight, "1500");
+    QTest::keyClick(row(1).weight, Qt::Key_Tab);
+    EXPECT_EQ(m_boxes.texts().size(), 2);
+    EXPECT_EQ(row(1).weight->text(), "999.9");
+    EXPECT_TRUE(row(1).weight->hasFocus());
     type(row(1).weight, "120");
     trigger(ID_GRID_SAVE);
     EXPECT_FALSE(grid().isVisible());

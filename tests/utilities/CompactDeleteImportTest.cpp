@@ -190,9 +190,4 @@ TEST_F(UtilitiesTest, Version1DaysAreSplitIntoTodaysLogsWithoutOverwritingADayWi
     EXPECT_EQ(counts.upper + counts.food, 0);
 }
 
-TEST_F(UtilitiesTest, Version1ImportWithoutVersion1DataSaysSo) {
-    writeDays("Kov2AUpperBody", {{{1132, kText, "x"}}});
-    EXPECT_FALSE(Version1Import::run(QString(), m_report));
-    EXPECT_EQ(m_report.texts(), QStringList({"message No version 1 Kovalin data was found on this device."}));
-}
 } // namespace

@@ -6,6 +6,7 @@
 #include "Settings.h"
 #include "TestDevice.h"
 
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 
@@ -79,7 +80,7 @@ TEST_F(CliTest, BackupTakesTheLastUserOrTheUserNamedAndRestoreAsksFirst) {
     EXPECT_EQ(m_store.dump("Kov2FoodAnn").count("Ann was here"), 1);
 }
 
-TEST_F(CliTest, RestoreAndCompactAreRefusedWhileKovalinRunsButBackupIsNot) {
+TEST_F(CliTest, RestoreAndCompactAreRefusedWhileKovalinOrAnotherCommandRunsButBackupIsNot) {
     DeviceLock running(m_device.paths().lockFile());
     ASSERT_EQ(running.acquire(), DWORD(ERROR_SUCCESS));
     for (const char* command : {"restore", "compact"}) {
@@ -90,6 +91,44 @@ TEST_F(CliTest, RestoreAndCompactAreRefusedWhileKovalinRunsButBackupIsNot) {
             QString("kovalin-cli: Kovalin is running on this device; close it before running %1.\n").arg(command));
     }
     EXPECT_EQ(cli({"backup"}).code, 0);
+    // The lock as a restore of the command line holds it.
+    running.describe("kovalin-cli restore");
+    EXPECT_EQ(cli({"compact"}).err, "kovalin-cli: Another command (kovalin-cli restore) is running on this device; "
+                                    "run compact when it has finished.\n");
+}
+
+TEST_F(CliTest, TablesGoOutAndComeBackAndTheExitStatusSaysWhetherAllWasTaken) {
+    const QString tables = m_device.root() + "/tables";
+    CliResult run = cli({"--user", "Default", "export", "--tables", tables});
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_EQ(QDir(tables).entryList({"*.csv"}).size(), 5);
+    // Ann's day holds her notes: left as it is, which is no failure.
+    run = cli({"--user", "Ann", "import", tables});
+    EXPECT_EQ(run.code, 0) << run.err.toStdString();
+    EXPECT_TRUE(run.out.contains("Upper body: 0 days added, 0 filled, 0 replaced, 1 left as they were")) << run.out.toStdString();
+    EXPECT_EQ(cli({"--user", "Ann", "import", "--replace", tables}).code, 0);
+    EXPECT_EQ(m_store.dump("Kov2FoodAnn").count("Ann was here"), 0);
+
+    QFile body(tables + "/body.csv");
+    ASSERT_TRUE(body.open(QIODevice::Append));
+    body.write("2024-03-15,many,,,,,,,,,,,,,,\r\n");
+    body.close();
+    run = cli({"--user", "Ann", "import", "--dry-run", tables});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_TRUE(run.out.contains("body.csv line 3: water \"many\" is not a whole number")) << run.out.toStdString();
+
+    run = cli({"import", m_device.root()});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_TRUE(run.err.startsWith("kovalin-cli: ")) << run.err.toStdString();
+    EXPECT_TRUE(run.err.contains("holds no file Kovalin can import. Known are:"));
+    EXPECT_EQ(cli({"import"}).code, 2);
+    EXPECT_EQ(cli({"backup", "--tables", tables}).code, 2);
+
+    DeviceLock running(m_device.paths().lockFile());
+    ASSERT_EQ(running.acquire(), DWORD(ERROR_SUCCESS));
+    EXPECT_EQ(cli({"import", tables}).err,
+              "kovalin-cli: Kovalin is running on this device; close it before running import.\n");
+    EXPECT_EQ(cli({"import", "--dry-run", tables}).code, 1); // read, and told about the bad row
 }
 
 TEST_F(CliTest, RefusalsAndUsage) {
@@ -97,18 +136,20 @@ TEST_F(CliTest, RefusalsAndUsage) {
     EXPECT_EQ(run.code, 1);
     EXPECT_EQ(run.err, "kovalin-cli: There is no user named \"Bob\" on this device.\n");
     EXPECT_FALSE(QFile::exists(backup("Bob")));
+    // The list's row for adding a user is in the list, and no one.
+    run = cli({"--user", "<add new user>", "backup"});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.err, "kovalin-cli: \"<add new user>\" is the row for adding a user, not a user.\n");
+    EXPECT_FALSE(QFile::exists(backup("<add new user>")));
 
     run = cli({"--device", m_device.root() + "/elsewhere", "backup"});
     EXPECT_EQ(run.code, 1);
     EXPECT_TRUE(run.err.contains("There is no Kovalin device in"));
     EXPECT_FALSE(QFile::exists(m_device.root() + "/elsewhere"));
 
-    m_store.run("DELETE FROM records WHERE db = (SELECT oid FROM databases WHERE name = 'Kov2Food')");
-    m_store.day("Kov2Food", QDate(2024, 3, 15), {{1132, kText, "<Click to add Notes>"}});
     run = cli({"compact"});
     EXPECT_EQ(run.code, 0);
     EXPECT_EQ(run.out.split('\n').mid(0, 3), QStringList({"Compacting...", "Compacting Upper Body...", "Done."}));
-    EXPECT_EQ(m_store.dump("Kov2Food"), "");
 
     m_store.record("KovUserList", {{801, kText, "bob"}});
     m_store.record("KovUserList", {{801, kText, "Carl"}});

@@ -89,15 +89,47 @@ TEST_F(UtilitiesDialogTest, RestoreRefusedAndExportRefusedSayCancelled) {
     EXPECT_FALSE(QFile::exists(backupPath()));
 }
 
-TEST_F(UtilitiesDialogTest, CompactImportAndHelpTellTheirResults) {
-    press({IDC_UTIL_COMPACT, IDC_UTIL_IMPORT, IDC_UTIL_HELP});
+TEST_F(UtilitiesDialogTest, CompactAndHelpTellTheirResults) {
+    press({IDC_UTIL_COMPACT, IDC_UTIL_HELP});
     EXPECT_EQ(m_status, "Done.");
-    ASSERT_EQ(m_boxes.texts().size(), 3);
+    ASSERT_EQ(m_boxes.texts().size(), 2);
     EXPECT_EQ(m_boxes.texts()[0], "Compact complete!");
-    EXPECT_EQ(m_boxes.texts()[1], "No version 1 Kovalin data was found on this device.");
-    EXPECT_TRUE(m_boxes.texts()[2].contains("desktop programs for furhter analysis.  IMPORT: Brings in data"));
+    EXPECT_TRUE(m_boxes.texts()[1].contains("desktop programs for furhter analysis.  IMPORT: Brings in data"));
     // The empty day after kDay went; kDay and the markers stayed.
     EXPECT_EQ(m_store.dump("Kov2Food").count(" | "), 1);
+}
+
+// Import offers the version 1 data first when the device holds some, else goes to the file dialog;
+// the report comes in a message box and the pages show what came in.
+TEST_F(UtilitiesDialogTest, ImportBringsTheChosenFilesAndShowsTheReport) {
+    const QString body = m_device.root() + "/body.csv";
+    QFile file(body);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("date,water,weight,body_fat,sleep,sleep_quality,overall_feeling,systolic,diastolic,resting_heart_rate,"
+               "chest,biceps,waist,quads,calves,notes\r\n2024-03-20,,170,,,,,,,,,,,,,\r\n");
+    file.close();
+    m_store.database("KovUpperBody");
+    QList<QStringList> choices = {{}, {body}};
+    m_boxes.queueAnswer(IDNO);
+    m_boxes.queueAnswer(IDNO);
+    whenShown("UtilitiesDialog", [&](QWidget* dialog) {
+        auto* utilities = static_cast<UtilitiesDialog*>(dialog);
+        utilities->setFileChooser([&choices](QWidget*) { return choices.takeFirst(); });
+        auto* import = dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDC_UTIL_IMPORT));
+        import->click();
+        m_status = dialog->findChild<QLabel*>(QStringLiteral("c%1").arg(IDC_UTIL_STATUS))->text();
+        import->click();
+        dialog->findChild<QPushButton*>("c1")->click();
+    });
+    trigger(ID_MENU_UTILITIES);
+    EXPECT_EQ(m_status, "Cancelled.");
+    ASSERT_EQ(m_boxes.texts().size(), 3);
+    EXPECT_EQ(m_boxes.texts()[0], UtilitiesDialog::kImportQuestion);
+    EXPECT_TRUE(m_boxes.texts()[2].startsWith("Read Kovalin's tables: body.csv.\nUpper body: 0 days added"))
+        << m_boxes.texts()[2].toStdString();
+    EXPECT_TRUE(m_boxes.texts()[2].contains("Food and body: 1 days added, 0 filled"));
+    EXPECT_EQ(StoredDays(m_device.paths().objectStore()).value("Kov2Food", QDate(2024, 3, 20), 1002, kI2), 170);
+    EXPECT_TRUE(m_factory.log.contains("food reload"));
 }
 
 TEST_F(UtilitiesDialogTest, DeleteNeedsTheTypedYesThenDeletesAndEndsTheProgram) {

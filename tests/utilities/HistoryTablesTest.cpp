@@ -1,0 +1,338 @@
+// The tidy tables export and the import of a person's history: round trips, the merge rules and
+// every kind of bad input.
+
+#include "CsvExport.h"
+#include "DatabaseCatalogue.h"
+#include "DeviceGenerator.h"
+#include "HistoryImport.h"
+#include "RecordingReport.h"
+#include "SqlLogs.h"
+#include "TablesExport.h"
+#include "TestDevice.h"
+
+#include "CeDatabase.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+const QStringList kTables = {"workouts.csv", "sets.csv", "aerobic.csv", "body.csv", "meals.csv"};
+const QStringList kDeviceFiles = {"kovupper.csv",  "kovupper2.csv",  "kovlower.csv",
+                                  "kovlower2.csv", "kovaerobic.csv", "kovfood.csv"};
+
+QByteArray contents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
+}
+
+void write(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write(bytes);
+}
+
+class AnswerYes : public ExportProgress {
+public:
+    bool confirm(const QString&) override { return true; }
+    void status(const QString&) override {}
+    void progressRange(int) override {}
+    void progressPosition(int) override {}
+    void message(const QString&, MessageKind) override {}
+};
+
+bool exportTables(const QString& user, const QString& folder) {
+    RecordingReport report;
+    return TablesExport(user, folder).run(report);
+}
+
+bool exportDeviceFiles(const QString& user, const QString& folder) {
+    AnswerYes progress;
+    QDir().mkpath(folder);
+    return CsvExport(DatabaseCatalogue::userDatabaseNames(user), folder).run(progress);
+}
+
+HistoryImport::Outcome import(const QString& user, const QString& path, HistoryImport::Options options = {}) {
+    return HistoryImport(user, path, options).run();
+}
+
+// Every property of every record of the device, for telling whether anything changed.
+QString storeDigest(const QString& objectStore) {
+    return SqlReader(objectStore)
+        .value("SELECT count(*) || ':' || total(length(CAST(value AS BLOB))) || ':' || total(propid) || ':' || "
+               "(SELECT count(*) FROM records) FROM props")
+        .toString();
+}
+} // namespace
+
+// Out to the tables and back in, out to the device's files and back in: nothing lost, byte for byte;
+// and a second import of the same files changes nothing.
+TEST(HistoryTables, RoundTripsAreByteIdenticalAndASecondImportChangesNothing) {
+    QTemporaryDir dir;
+    DeviceGenerator::Options options;
+    options.device = dir.filePath("device");
+    options.users = 1;
+    options.years = 1;
+    options.end = QDate(2024, 3, 14);
+    options.miscRestYears = 0;
+    DeviceGenerator generator(options);
+    ASSERT_TRUE(generator.generate()) << generator.errorText().toStdString();
+    const QString store = DevicePaths(options.device).objectStore();
+    ASSERT_TRUE(CeMountObjectStore(store));
+
+    ASSERT_TRUE(exportTables("", dir.filePath("first")));
+    HistoryImport::Outcome outcome = import("Ann", dir.filePath("first"));
+    EXPECT_TRUE(outcome.complete) << outcome.text.toStdString();
+    EXPECT_TRUE(outcome.text.contains("Upper body: 366 days added, 0 filled, 0 replaced, 0 left as they were."))
+        << outcome.text.toStdString();
+    ASSERT_TRUE(exportTables("Ann", dir.filePath("second")));
+    for (const QString& table : kTables) {
+        EXPECT_EQ(contents(dir.filePath("first/" + table)), contents(dir.filePath("second/" + table)))
+            << table.toStdString();
+    }
+    ASSERT_TRUE(exportDeviceFiles("", dir.filePath("device-default")));
+    ASSERT_TRUE(exportDeviceFiles("Ann", dir.filePath("device-ann")));
+    for (const QString& file : kDeviceFiles) {
+        EXPECT_EQ(contents(dir.filePath("device-default/" + file)), contents(dir.filePath("device-ann/" + file)))
+            << file.toStdString();
+    }
+
+    // The device's files into a user that has nothing, and out again.
+    outcome = import("Bob", dir.filePath("device-default"));
+    EXPECT_TRUE(outcome.complete) << outcome.text.toStdString();
+    ASSERT_TRUE(exportDeviceFiles("Bob", dir.filePath("device-bob")));
+    for (const QString& file : kDeviceFiles) {
+        EXPECT_EQ(contents(dir.filePath("device-default/" + file)), contents(dir.filePath("device-bob/" + file)))
+            << file.toStdString();
+    }
+
+    const QString before = storeDigest(store);
+    for (const QString folder : {"first", "device-default"}) {
+        outcome = import(folder == "first" ? "Ann" : "Bob", dir.filePath(folder));
+        EXPECT_TRUE(outcome.complete) << outcome.text.toStdString();
+        EXPECT_TRUE(outcome.text.contains("Food and body: 0 days added, 0 filled, 0 replaced, 366 left as they were "
+                                          "(they hold entries: 2023-03-15 to 2024-03-14)."))
+            << outcome.text.toStdString();
+        EXPECT_TRUE(outcome.text.contains("Names added to the lists: 0."));
+    }
+    EXPECT_EQ(storeDigest(store), before);
+    CeUnmountObjectStore();
+}
+
+namespace {
+const QDate kDay1(2024, 3, 1);
+const QDate kDay2(2024, 3, 2);
+const QDate kDay3(2024, 3, 3);
+const QString kPlaceholder = "<Click to add Notes>";
+
+qint64 timeOfDay(int hour, int minute) {
+    return StoredDays::fileTimeOf(QDate(1968, 11, 29), QTime(hour, minute, 12, 12));
+}
+
+class HistoryImportTest : public ::testing::Test {
+protected:
+    HistoryImportTest() : m_store(m_device.paths().objectStore()), m_days(m_device.paths().objectStore()) {}
+
+    QString folder(const QString& name) const { return m_device.root() + "/" + name; }
+    // Writes a table of header and rows (joined by CR LF) into the folder.
+    void table(const QString& folderName, const QString& file, const QByteArray& rows) const {
+        QDir().mkpath(folder(folderName));
+        write(folder(folderName) + "/" + file, rows);
+    }
+
+    TestDevice m_device;
+    SqlLogs m_store;
+    StoredDays m_days;
+};
+} // namespace
+
+// What each kind of stored value becomes in the tables, and back: quoting, CR LF, empty cells for
+// what a record lacks, "none" for no choice, no text for the notes placeholder, meals in their slots.
+TEST_F(HistoryImportTest, TablesWriteEveryValueAsThePagesShowItAndReadItBack) {
+    for (const QString& log : DatabaseCatalogue::userDatabaseNames("")) {
+        m_store.database(log);
+        m_store.day(log, QDate(1968, 11, 29));
+    }
+    m_store.day("Kov2AUpperBody", kDay1,
+                {{102, kI2, 7}, {103, kI2, 5}, {104, kI2, 65}, {1133, kI2, 9}, {105, kUI2, 1},
+                 {1132, kText, "Say \"hi\", then go"}, {106, kText, "Bench Press"}, {107, kText, "10"},
+                 {108, kR8, 82.5}, {109, kText, "2"}, {110, kI2, 7}, {111, kText, ""}, {112, kText, ""},
+                 {113, kR8, 0.0}, {114, kText, ""}, {115, kI2, 0}});
+    m_store.day("Kov2BUpperBody", kDay1,
+                {{306, kText, "Rows"}, {307, kText, "8"}, {308, kR8, 60.0}, {310, kI2, 5}, {661, kText, "Shrugs"}});
+    m_store.day("Kov2AUpperBody", kDay2, {{102, kI2, 9}, {103, kI2, 41}, {1132, kText, kPlaceholder}});
+    m_store.day("Kov2BUpperBody", kDay2);
+    m_store.day("Kov2Food", kDay1,
+                {{1001, kI2, 0}, {1003, kR8, 18.25}, {1152, kI2, -1}, {1153, kI2, 3}, {1132, kText, kPlaceholder},
+                 {1010, kFileTime, timeOfDay(7, 5)}, {1012, kText, "Eggs"}, {1013, kText, ""}, {1014, kText, ""},
+                 {1015, kText, ""}, {1022, kFileTime, timeOfDay(12, 30)}, {1024, kText, "Tuna, canned"}});
+    m_store.day("Kov2Aerobic", kDay1,
+                {{801, kText, "Running"}, {802, kI2, 3}, {822, kR8, 5.5}, {1136, kI2, 6}, {1138, kI2, 30},
+                 {1140, kI2, 45}, {1134, kI2, 7}, {1144, kUI2, 1}, {1142, kText, "Easy"}});
+
+    ASSERT_TRUE(exportTables("", folder("first")));
+    EXPECT_EQ(contents(folder("first/workouts.csv")), "date,region,start,elapsed,completed,notes\r\n"
+                                                      "2024-03-01,upper,07:05,1:05:09,yes,\"Say \"\"hi\"\", then go\"\r\n");
+    EXPECT_EQ(contents(folder("first/sets.csv")), "date,region,group,set,exercise,reps,weight,rest,intensity\r\n"
+                                                  "2024-03-01,upper,Chest,1,Bench Press,10,82.5,2,7\r\n"
+                                                  "2024-03-01,upper,Back,1,Rows,8,60,,5\r\n"
+                                                  "2024-03-01,upper,Misc,12,Shrugs,,0,,0\r\n");
+    EXPECT_EQ(contents(folder("first/body.csv")),
+              "date,water,weight,body_fat,sleep,sleep_quality,overall_feeling,systolic,diastolic,resting_heart_rate,"
+              "chest,biceps,waist,quads,calves,notes\r\n"
+              "2024-03-01,0,,18.25,,3,none,,,,,,,,,\r\n");
+    EXPECT_EQ(contents(folder("first/meals.csv")), "date,meal,time,protein,carbohydrate,vegetable,other\r\n"
+                                                   "2024-03-01,1,07:05,Eggs,,,\r\n"
+                                                   "2024-03-01,3,12:30,\"Tuna, canned\",,,\r\n");
+    EXPECT_EQ(contents(folder("first/aerobic.csv")),
+              "date,exercise_number,exercise,course,distance,heart_rate,start,elapsed,completed,notes,"
+              "minute_1,minute_2,minute_3,minute_4,minute_5,minute_6,minute_7,minute_8,minute_9,minute_10,minute_11,"
+              "minute_12,minute_13,minute_14,minute_15,minute_16,minute_17,minute_18,minute_19,minute_20\r\n"
+              "2024-03-01,2,Running,,5.5,,06:30,0:45:07,yes,Easy,3" +
+                  QByteArray(19, ',') + "\r\n");
+
+    const HistoryImport::Outcome outcome = import("Ann", folder("first"));
+    EXPECT_TRUE(outcome.complete) << outcome.text.toStdString();
+    ASSERT_TRUE(exportTables("Ann", folder("second")));
+    for (const QString& file : kTables) {
+        EXPECT_EQ(contents(folder("first/" + file)), contents(folder("second/" + file))) << file.toStdString();
+    }
+    // By number and type: no choice is the all-ones 16-bit value, the placeholder is back, the empty
+    // slots of a group are written as the set-entry grid writes them.
+    EXPECT_EQ(m_days.value("Kov2FoodAnn", kDay1, 1152, kI2), QVariant(qint64(-1)));
+    EXPECT_EQ(m_days.value("Kov2FoodAnn", kDay1, 1132, kText), QVariant(kPlaceholder));
+    EXPECT_FALSE(m_days.value("Kov2FoodAnn", kDay1, 1002, kI2).isValid());
+    EXPECT_EQ(m_days.propCount("Kov2AUpperBodyAnn", kDay1, 106, 165), 60);
+    EXPECT_EQ(m_days.propCount("Kov2BUpperBodyAnn", kDay1, 606, 665), 60);
+    EXPECT_EQ(m_days.propCount("Kov2BUpperBodyAnn", kDay1, 406, 465), 0);
+}
+
+// Added, filled, left and replaced days; the A/B pair of a new day; a dry run counts the same and
+// writes nothing.
+TEST_F(HistoryImportTest, DaysAreAddedFilledLeftOrReplacedAsTheirLogsHoldEntries) {
+    for (const QString log : {"Kov2AUpperBody", "Kov2BUpperBody"}) {
+        m_store.database(log);
+        m_store.day(log, QDate(1968, 11, 29));
+    }
+    m_store.day("Kov2AUpperBody", kDay1, {{1132, kText, kPlaceholder}});
+    m_store.day("Kov2BUpperBody", kDay1, {{306, kText, "Rows"}}); // an entry in B alone: left
+    m_store.day("Kov2AUpperBody", kDay2, {{102, kI2, 9}, {103, kI2, 41}, {104, kI2, 0}, {1132, kText, kPlaceholder}});
+    m_store.day("Kov2BUpperBody", kDay2); // a first visit: filled
+    table("in", "workouts.csv",
+          "date,region,start,elapsed,completed,notes\r\n"
+          "2024-03-01,upper,06:00,0:30:00,yes,imported\r\n"
+          "2024-03-02,upper,,0:30:00,yes,imported\r\n"
+          "2024-03-03,upper,06:00,0:30:00,yes,imported\r\n");
+    const QString before = storeDigest(m_device.paths().objectStore());
+
+    HistoryImport::Outcome outcome = import("", folder("in"), {true, false});
+    EXPECT_TRUE(outcome.complete);
+    const QString counts = "Upper body: 1 days added, 1 filled, 0 replaced, 1 left as they were (they hold entries: "
+                           "2024-03-01).";
+    EXPECT_TRUE(outcome.text.contains(counts)) << outcome.text.toStdString();
+    EXPECT_TRUE(outcome.text.endsWith("Dry run: nothing was written."));
+    EXPECT_EQ(storeDigest(m_device.paths().objectStore()), before);
+
+    outcome = import("", folder("in"));
+    EXPECT_TRUE(outcome.text.contains(counts)) << outcome.text.toStdString();
+    EXPECT_EQ(m_store.dump("Kov2AUpperBody").count("'imported'"), 2);
+    // The filled day keeps no trace of its first visit's start time: the table's empty start is the value.
+    EXPECT_EQ(m_days.props("Kov2AUpperBody", kDay2), "64:64,104:2,105:18,1132:31,1133:2");
+    EXPECT_EQ(m_days.props("Kov2BUpperBody", kDay3), "64:64");
+
+    outcome = import("", folder("in"), {false, true});
+    EXPECT_TRUE(outcome.text.contains("Upper body: 0 days added, 0 filled, 3 replaced, 0 left")) << outcome.text.toStdString();
+    // What the tables do not carry (the B record's sets, as workouts.csv alone is read) stays.
+    EXPECT_EQ(m_days.props("Kov2BUpperBody", kDay1), "64:64,306:31");
+    EXPECT_EQ(m_store.dump("Kov2AUpperBody").count("'imported'"), 3);
+}
+
+// Every kind of bad input is reported with its file and line; the day of a row that cannot be read
+// is not written at all, and the other days are.
+TEST_F(HistoryImportTest, BadInputIsReportedWithFileAndLineAndNoDayIsHalfWritten) {
+    const QByteArray body = "date,water,weight,body_fat,sleep,sleep_quality,overall_feeling,systolic,diastolic,"
+                            "resting_heart_rate,chest,biceps,waist,quads,calves,notes\r\n"
+                            "2024-03-01,8,170,,,,,,,,,,,,,\r\n";
+    const QByteArray sets = "date,region,group,set,exercise,reps,weight,rest,intensity\r\n"
+                            "2024-03-01,upper,Chest,1,Press,10,50,,\r\n"
+                            "2024-03-02,upper,Chest,1,Press,10,50,,\r\n";
+    const QByteArray meals = "date,meal,time,protein,carbohydrate,vegetable,other\r\n"
+                             "2024-03-01,1,07:00,Eggs,,,\r\n"
+                             "2024-03-02,1,07:00,Eggs,,,\r\n";
+    QByteArray aerobic = "date,exercise_number,exercise,course,distance,heart_rate,start,elapsed,completed,notes";
+    for (int minute = 1; minute <= 20; ++minute) {
+        aerobic += ",minute_" + QByteArray::number(minute);
+    }
+    const QByteArray rest = QByteArray(27, ',') + "\r\n";
+    aerobic += "\r\n2024-03-01,1,Run" + rest + "2024-03-02,1,Run" + rest;
+    const QByteArray workouts = "date,region,start,elapsed,completed,notes\r\n"
+                                "2024-03-01,upper,,,yes,\r\n";
+    struct Case {
+        const char* file;
+        QByteArray text;
+        const char* problem;
+        const char* log; // whose day 2024-03-02 must not be written
+        bool firstDayTaken;
+    };
+    const std::vector<Case> cases = {
+        {"body.csv", body + "2024-03-02,abc,170,,,,,,,,,,,,,\r\n", "body.csv line 3: water \"abc\" is not a whole number",
+         "Kov2Food", true},
+        {"body.csv", body + "2024-03-02,8,1000,,,,,,,,,,,,,\r\n", "body.csv line 3: weight \"1000\" is not from 0 to 999",
+         "Kov2Food", true},
+        {"workouts.csv", workouts + "2023-02-29,upper,,,yes,\r\n",
+         "workouts.csv line 3: date \"2023-02-29\" is not a date after 1968", "Kov2AUpperBody", true},
+        {"meals.csv", meals + "2024-03-02,16,08:00,Eggs,,,\r\n", "meals.csv line 4: meal \"16\" is not from 1 to 15",
+         "Kov2Food", true},
+        {"aerobic.csv", aerobic + "2024-03-02,4,Swim" + rest,
+         "aerobic.csv line 4: exercise_number \"4\" is not from 1 to 3", "Kov2Aerobic", true},
+        {"sets.csv", sets + "2024-03-02,upper,Chest,13,Press,10,50,,\r\n", "sets.csv line 4: set \"13\" is not from 1 to 12",
+         "Kov2AUpperBody", true},
+        {"sets.csv", sets + "2024-03-02,upper,Chest,2,\"Pre", "sets.csv line 4: ends inside a quoted cell",
+         "Kov2AUpperBody", true},
+        {"sets.csv", sets + "2024-03-02,upper,Ch", "sets.csv line 4: has 3 cells where the header has 9",
+         "Kov2AUpperBody", true},
+        {"body.csv", body + "2024-03-02,8,170,,,,,,,,,,,,,caf\xe9\r\n",
+         "body.csv line 3: is not UTF-8 text; save it as UTF-8", "Kov2Food", false},
+        {"body.csv", QByteArray("\xff\xfe", 2) + QByteArray("d\0a\0", 4), "body.csv line 1: is UTF-16 text", "Kov2Food",
+         false},
+    };
+    int n = 0;
+    for (const Case& c : cases) {
+        const QString name = QString("case%1").arg(++n);
+        table(name, c.file, c.text);
+        const QString user = name;
+        const HistoryImport::Outcome outcome = import(user, folder(name));
+        SCOPED_TRACE(c.problem);
+        EXPECT_FALSE(outcome.complete);
+        EXPECT_TRUE(outcome.text.contains(c.problem)) << outcome.text.toStdString();
+        const QString log = QString(c.log) + user;
+        EXPECT_EQ(m_days.propCount(log, kDay2), 0);
+        EXPECT_EQ(m_days.propCount(log, kDay1) > 0, c.firstDayTaken);
+        if (QString(c.log).contains("Upper")) {
+            EXPECT_EQ(m_days.propCount("Kov2BUpperBody" + user, kDay2), 0);
+        }
+    }
+}
+
+// The device's own files: a line cut short is reported and its day left out; a path that is not there
+// is refused.
+TEST_F(HistoryImportTest, DeviceFilesCutShortLeaveTheirDayOut) {
+    for (const QString& log : DatabaseCatalogue::userDatabaseNames("")) {
+        m_store.database(log);
+        m_store.day(log, QDate(1968, 11, 29));
+    }
+    m_store.day("Kov2Food", kDay1, {{1001, kI2, 4}, {1132, kText, "a, \"quoted\" note"}});
+    m_store.day("Kov2Food", kDay2, {{1001, kI2, 5}});
+    ASSERT_TRUE(exportDeviceFiles("", folder("device")) || QFile::exists(folder("device/kovfood.csv")));
+    QByteArray food = contents(folder("device/kovfood.csv"));
+    write(folder("device/kovfood.csv"), food.left(food.size() - 40));
+
+    HistoryImport::Outcome outcome = import("Ann", folder("device/kovfood.csv"));
+    EXPECT_FALSE(outcome.complete);
+    EXPECT_TRUE(outcome.text.contains("kovfood.csv line 3: has 78 of the header's 91 cells")) << outcome.text.toStdString();
+    EXPECT_EQ(m_store.dump("Kov2FoodAnn").count("a, \"quoted\" note"), 1);
+    EXPECT_EQ(m_days.propCount("Kov2FoodAnn", kDay2), 0);
+    EXPECT_TRUE(import("Ann", folder("missing")).refused);
+}
