@@ -7,7 +7,7 @@
 // of days and exercises for both; the ratio store / sqlite must stay at most 2.
 
 #include "AerobicRecords.h"
-#include "BenchDevice.h"
+#include "BenchMain.h"
 #include "DayKey.h"
 #include "DirectStore.h"
 #include "RatioRunner.h"
@@ -80,18 +80,6 @@ void makeJobs(const DeviceGenerator& generator, Workload& workload) {
     }
 }
 
-// The page's view of a day by hand, in one read transaction: the database, the day's record, all
-// its properties.
-bool showDayByHand(DirectStore& direct, const QString& aerobic, std::int64_t key, DirectRecord& props) {
-    if (!direct.beginRead()) {
-        return false;
-    }
-    const CEOID database = direct.databaseId(aerobic);
-    const CEOID record = database == 0 ? 0 : direct.seekFirstEqual(database, key);
-    const bool read = record != 0 && direct.readRecord(record, props);
-    return direct.endRead() && read;
-}
-
 // The exercises a day read by hand holds: the slots whose name is stored.
 int exercisesByHand(const DirectRecord& props) {
     return static_cast<int>(std::count_if(props.begin(), props.end(), [](const DirectProp& prop) {
@@ -119,7 +107,7 @@ void showDaySqlite(benchmark::State& state, const Workload& workload, DirectStor
     DirectRecord props;
     for (auto _ : state) {
         const DayJob& job = workload.shows[i++ % workload.shows.size()];
-        if (!showDayByHand(direct, workload.aerobic, job.key, props) || exercisesByHand(props) != kGeneratedExercises) {
+        if (!direct.readDay(workload.aerobic, job.key, props) || exercisesByHand(props) != kGeneratedExercises) {
             state.SkipWithError("sqlite show failed");
             break;
         }
@@ -160,37 +148,28 @@ void registerCases(RatioRunner& runner, const Workload& workload, DirectStore& d
         "save_exercise", [&](State& state) { saveExerciseStore(state, workload); },
         [&](State& state) { saveExerciseSqlite(state, workload, direct); }, kLimit);
 }
-
-int fail(const QString& text) {
-    std::fprintf(stderr, "AerobicBench: %s\n", qPrintable(text));
-    return 1;
-}
 } // namespace
 
 int main(int argc, char** argv) {
-    RatioRunner runner(argc, argv);
-    BenchDevice device;
-    if (!device.create()) {
-        return fail(device.errorText());
+    BenchMain bench(argc, argv);
+    if (!bench.start()) {
+        return 1;
     }
     Workload workload;
     workload.aerobic = DatabaseCatalogue::userDatabaseName(UserDatabase::Aerobic, DeviceGenerator::userName(0));
-    makeJobs(device.generator(), workload);
-    DirectStore direct(device.objectStorePath());
-    if (!direct.open()) {
-        return fail(direct.errorText());
-    }
+    makeJobs(bench.device().generator(), workload);
+    DirectStore& direct = bench.direct();
     // Both ways see the same days: two exercises each.
     const AerobicRecords records(workload.aerobic);
     for (int i = 0; i < 16; ++i) {
         const DayJob& job = workload.shows[static_cast<size_t>(i)];
         const std::optional<AerobicDay> day = records.ReadDay(job.day);
         DirectRecord props;
-        if (!day || !showDayByHand(direct, workload.aerobic, job.key, props) ||
+        if (!day || !direct.readDay(workload.aerobic, job.key, props) ||
             exercisesByHand(props) != kGeneratedExercises || day->exerciseCount() != kGeneratedExercises) {
-            return fail(QStringLiteral("The aerobic records and the baseline read different days."));
+            return bench.fail(QStringLiteral("The aerobic records and the baseline read different days."));
         }
     }
-    registerCases(runner, workload, direct);
-    return runner.run();
+    registerCases(bench.runner(), workload, direct);
+    return bench.run();
 }

@@ -11,7 +11,7 @@
 //                 Today page reading today's aerobic, upper-body and food records and the goals
 //                 file). The ratio is what the drawing adds; limit 4.
 
-#include "BenchDevice.h"
+#include "BenchMain.h"
 #include "BenchPageHost.h"
 #include "CalendarMonth.h"
 #include "CalendarPage.h"
@@ -137,20 +137,15 @@ void paint(benchmark::State& state, QWidget& page) {
         benchmark::DoNotOptimize(surface.constBits());
     }
 }
-
-int fail(const QString& text) {
-    std::fprintf(stderr, "CalendarBench: %s\n", qPrintable(text));
-    return 1;
-}
 } // namespace
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    RatioRunner runner(argc, argv);
-    BenchDevice device;
-    if (!device.create()) {
-        return fail(device.errorText());
+    BenchMain bench(argc, argv);
+    if (!bench.start()) {
+        return 1;
     }
+    BenchDevice& device = bench.device();
     static int qtArgc = 1;
     static char name[] = "CalendarBench";
     static char* qtArgv[] = {name, nullptr};
@@ -158,10 +153,7 @@ int main(int argc, char** argv) {
     DeviceFonts::install();
     Clock::setFixed(QDateTime(device.generator().lastDay(), QTime(9, 41)));
 
-    DirectStore direct(device.objectStorePath());
-    if (!direct.open()) {
-        return fail(direct.errorText());
-    }
+    DirectStore& direct = bench.direct();
     const std::vector<MonthJob> jobs = makeJobs(device.generator());
     // Both ways see the same marks and counts, and the months are busy.
     DirectRecord props;
@@ -170,12 +162,12 @@ int main(int argc, char** argv) {
         month.build(jobs[static_cast<size_t>(i)].names);
         const std::vector<TrainingMarks::Day> byHand = monthByHand(direct, jobs[static_cast<size_t>(i)], props);
         if (!same(daysOf(month), byHand) || byHand.front().sets == 0) {
-            return fail(QStringLiteral("The calendar and the baseline read different months."));
+            return bench.fail(QStringLiteral("The calendar and the baseline read different months."));
         }
     }
 
     using benchmark::State;
-    runner.addPair(
+    bench.runner().addPair(
         "build_month",
         [&jobs](State& state) {
             size_t i = 0;
@@ -235,8 +227,9 @@ int main(int argc, char** argv) {
         benchmark::DoNotOptimize(TodaySummary::nextMealText(host.foodDatabaseName(), now));
         benchmark::DoNotOptimize(GoalsFile::read());
     });
-    runner.addRatio("paint_calendar", "paint_calendar_page", "paint_calendar_reads", RatioRunner::Clock::Cpu,
-                    kPaintLimit);
-    runner.addRatio("paint_today", "paint_today_page", "paint_today_reads", RatioRunner::Clock::Cpu, kPaintLimit);
-    return runner.run();
+    bench.runner().addRatio("paint_calendar", "paint_calendar_page", "paint_calendar_reads", RatioRunner::Clock::Cpu,
+                            kPaintLimit);
+    bench.runner().addRatio("paint_today", "paint_today_page", "paint_today_reads", RatioRunner::Clock::Cpu,
+                            kPaintLimit);
+    return bench.run();
 }

@@ -5,7 +5,7 @@
 // both sides must write identical files. The ratio store / sqlite must stay at most 2.
 
 #include "AnsiText.h"
-#include "BenchDevice.h"
+#include "BenchMain.h"
 #include "CsvExport.h"
 #include "DayKey.h"
 #include "DirectStore.h"
@@ -195,30 +195,22 @@ QByteArray readAll(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
-
-int fail(const QString& text) {
-    std::fprintf(stderr, "ExportBench: %s\n", qPrintable(text));
-    return 1;
-}
 } // namespace
 
 int main(int argc, char** argv) {
-    RatioRunner runner(argc, argv);
-    BenchDevice device;
-    if (!device.create()) {
-        return fail(device.errorText());
+    BenchMain bench(argc, argv);
+    if (!bench.start()) {
+        return 1;
     }
+    BenchDevice& device = bench.device();
     QTemporaryDir storeFolder, baselineFolder;
     const ExportSource names = DatabaseCatalogue::userDatabaseNames(DeviceGenerator::userName(1));
     CsvExport exporter(names, storeFolder.path());
     SilentProgress progress;
     if (!exporter.run(progress) || progress.failure) {
-        return fail(QStringLiteral("The export failed."));
+        return bench.fail(QStringLiteral("The export failed."));
     }
-    DirectStore direct(device.objectStorePath());
-    if (!direct.open()) {
-        return fail(direct.errorText());
-    }
+    DirectStore& direct = bench.direct();
     Baseline baseline{direct, {}, {}, baselineFolder.path()};
     for (int i = 0; i < kUserDatabaseCount; ++i) {
         const UserDatabase which = static_cast<UserDatabase>(i);
@@ -229,16 +221,16 @@ int main(int argc, char** argv) {
         baseline.headers.push_back(written.left(written.indexOf('\r') + 1));
     }
     if (!exportByHand(baseline)) {
-        return fail(QStringLiteral("The baseline failed: ") + direct.errorText());
+        return bench.fail(QStringLiteral("The baseline failed: ") + direct.errorText());
     }
     for (int i = 0; i < kUserDatabaseCount; ++i) {
         const QString name = CsvExport::fileName(static_cast<UserDatabase>(i));
         const QByteArray store = readAll(storeFolder.filePath(name));
         if (store != readAll(baselineFolder.filePath(name)) || store.count('\r') < 3000) {
-            return fail(QStringLiteral("The export and the baseline wrote different files: ") + name);
+            return bench.fail(QStringLiteral("The export and the baseline wrote different files: ") + name);
         }
     }
-    runner.addPair(
+    bench.runner().addPair(
         "export_user",
         [&](benchmark::State& state) {
             for (auto _ : state) {
@@ -258,5 +250,5 @@ int main(int argc, char** argv) {
             }
         },
         kLimit, benchmark::kMillisecond);
-    return runner.run();
+    return bench.run();
 }

@@ -7,7 +7,7 @@
 // Each through the food records (…_store) and through DirectStore (…_sqlite), the same sequence of
 // days, values and meals for both; the ratio store / sqlite must stay at most 2.
 
-#include "BenchDevice.h"
+#include "BenchMain.h"
 #include "DayKey.h"
 #include "DirectStore.h"
 #include "FoodRecords.h"
@@ -110,18 +110,6 @@ bool fillMeals(const Workload& workload) {
     return true;
 }
 
-// The page's view of a day by hand, in one read transaction: the database, the day's record, all
-// its properties.
-bool showDayByHand(DirectStore& direct, const QString& food, std::int64_t key, DirectRecord& props) {
-    if (!direct.beginRead()) {
-        return false;
-    }
-    const CEOID database = direct.databaseId(food);
-    const CEOID record = database == 0 ? 0 : direct.seekFirstEqual(database, key);
-    const bool read = record != 0 && direct.readRecord(record, props);
-    return direct.endRead() && read;
-}
-
 int mealTimes(const DirectRecord& props) {
     return static_cast<int>(std::count_if(props.begin(), props.end(), [](const DirectProp& prop) {
         const WORD number = HIWORD(prop.id);
@@ -150,7 +138,7 @@ void showDaySqlite(benchmark::State& state, const Workload& workload, DirectStor
     DirectRecord props;
     for (auto _ : state) {
         const DayJob& job = workload.shows[i++ % workload.shows.size()];
-        if (!showDayByHand(direct, workload.food, job.key, props) || mealTimes(props) != Meal::kSlots) {
+        if (!direct.readDay(workload.food, job.key, props) || mealTimes(props) != Meal::kSlots) {
             state.SkipWithError("sqlite show failed");
             break;
         }
@@ -207,40 +195,31 @@ void registerCases(RatioRunner& runner, const Workload& workload, DirectStore& d
         "put_meal", [&](State& state) { putMealStore(state, workload); },
         [&](State& state) { writeSqlite<MealJob>(state, workload.meals, workload.food, direct); }, kLimit);
 }
-
-int fail(const QString& text) {
-    std::fprintf(stderr, "FoodBench: %s\n", qPrintable(text));
-    return 1;
-}
 } // namespace
 
 int main(int argc, char** argv) {
-    RatioRunner runner(argc, argv);
-    BenchDevice device;
-    if (!device.create()) {
-        return fail(device.errorText());
+    BenchMain bench(argc, argv);
+    if (!bench.start()) {
+        return 1;
     }
     Workload workload;
     workload.food = DatabaseCatalogue::userDatabaseName(UserDatabase::Food, DeviceGenerator::userName(0));
-    makeJobs(device.generator(), workload);
+    makeJobs(bench.device().generator(), workload);
     if (!fillMeals(workload)) {
-        return fail(QStringLiteral("The fifteen meals of the days shown could not be put."));
+        return bench.fail(QStringLiteral("The fifteen meals of the days shown could not be put."));
     }
-    DirectStore direct(device.objectStorePath());
-    if (!direct.open()) {
-        return fail(direct.errorText());
-    }
+    DirectStore& direct = bench.direct();
     // Both ways see the same day: as many properties read, fifteen meals.
     const FoodRecords records(workload.food);
     for (int i = 0; i < 16; ++i) {
         const DayJob& job = workload.shows[static_cast<size_t>(i)];
         const std::optional<FoodDay> day = records.LoadDay(job.day);
         DirectRecord props;
-        if (!day || !showDayByHand(direct, workload.food, job.key, props) || mealTimes(props) != Meal::kSlots ||
+        if (!day || !direct.readDay(workload.food, job.key, props) || mealTimes(props) != Meal::kSlots ||
             day->meals().size() != Meal::kSlots) {
-            return fail(QStringLiteral("The food records and the baseline read different days."));
+            return bench.fail(QStringLiteral("The food records and the baseline read different days."));
         }
     }
-    registerCases(runner, workload, direct);
-    return runner.run();
+    registerCases(bench.runner(), workload, direct);
+    return bench.run();
 }

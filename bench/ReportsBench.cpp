@@ -9,7 +9,7 @@
 // transaction, the log found by name, each day's record sought on records_in_order and the same range
 // of properties read; the ratio store / sqlite must stay at most 2.
 
-#include "BenchDevice.h"
+#include "BenchMain.h"
 #include "BenchPageHost.h"
 #include "Clock.h"
 #include "DayKey.h"
@@ -147,11 +147,6 @@ void paintSqlite(benchmark::State& state, DirectStore& direct, const Lookup& loo
         blank.render(&image);
     }
 }
-
-int fail(const QString& text) {
-    std::fprintf(stderr, "ReportsBench: %s\n", qPrintable(text));
-    return 1;
-}
 } // namespace
 
 int main(int argc, char** argv) {
@@ -160,17 +155,14 @@ int main(int argc, char** argv) {
     }
     QApplication app(argc, argv);
     DeviceFonts::install();
-    RatioRunner runner(argc, argv);
-    BenchDevice device;
-    if (!device.create()) {
-        return fail(device.errorText());
+    BenchMain bench(argc, argv);
+    if (!bench.start()) {
+        return 1;
     }
+    BenchDevice& device = bench.device();
     const QDate today = device.generator().lastDay();
     Clock::setFixed(QDateTime(today, QTime(9, 41)));
-    DirectStore direct(device.objectStorePath());
-    if (!direct.open()) {
-        return fail(direct.errorText());
-    }
+    DirectStore& direct = bench.direct();
     const Lookup food{BenchPageHost().name(UserDatabase::Food), PROP_TAG(CEVT_I2, 1002), PROP_TAG(CEVT_UI4, 1002),
                       &foodWeight};
     const Lookup weight{BenchPageHost().name(UserDatabase::UpperA), PROP_TAG(CEVT_LPWSTR, 106), PROP_TAG(CEVT_R8, 108),
@@ -183,11 +175,11 @@ int main(int argc, char** argv) {
         std::vector<double> points;
         if (!collectByHand(direct, lookup, today, points) || points.size() != report.points().size() ||
             points.size() < 300) {
-            return fail(QStringLiteral("The reports and the baseline collected different years."));
+            return bench.fail(QStringLiteral("The reports and the baseline collected different years."));
         }
         for (size_t i = 0; i < points.size(); ++i) {
             if (points[i] != report.points()[i].value) {
-                return fail(QStringLiteral("The reports and the baseline read different values."));
+                return bench.fail(QStringLiteral("The reports and the baseline read different values."));
             }
         }
     }
@@ -203,14 +195,14 @@ int main(int argc, char** argv) {
     QImage image(Page::kWidth, Page::kHeight, QImage::Format_RGB32);
 
     using benchmark::State;
-    runner.addPair(
+    bench.runner().addPair(
         "food_year", [&](State& state) { collectStore(state, kBodyWeight, today); },
         [&](State& state) { collectSqlite(state, direct, food, today); }, kLimit);
-    runner.addPair(
+    bench.runner().addPair(
         "weight_year", [&](State& state) { collectStore(state, kWtChest, today); },
         [&](State& state) { collectSqlite(state, direct, weight, today); }, kLimit);
-    runner.addPair(
+    bench.runner().addPair(
         "food_year_paint", [&](State& state) { paintStore(state, page, image); },
         [&](State& state) { paintSqlite(state, direct, food, today, blank, image); }, kLimit);
-    return runner.run();
+    return bench.run();
 }

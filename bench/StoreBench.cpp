@@ -5,7 +5,7 @@
 // Each is measured through RecordDatabase (…_store) and through DirectStore (…_sqlite), the same
 // sequence of logs, days and values for both; the ratio store / sqlite must stay at most 1.5.
 
-#include "BenchDevice.h"
+#include "BenchMain.h"
 #include "DayKey.h"
 #include "DirectStore.h"
 #include "RatioRunner.h"
@@ -207,34 +207,26 @@ void registerCases(RatioRunner& runner, const Workload& workload, DirectStore& d
         "walk_log", [&](State& state) { walkLogStore(state, workload); },
         [&](State& state) { walkLogSqlite(state, workload, direct); }, kLimit, benchmark::kMillisecond);
 }
-
-int fail(const QString& text) {
-    std::fprintf(stderr, "StoreBench: %s\n", qPrintable(text));
-    return 1;
-}
 } // namespace
 
 int main(int argc, char** argv) {
-    RatioRunner runner(argc, argv);
-    BenchDevice device;
-    if (!device.create()) {
-        return fail(device.errorText());
+    BenchMain bench(argc, argv);
+    if (!bench.start()) {
+        return 1;
     }
-    DirectStore direct(device.objectStorePath());
-    if (!direct.open()) {
-        return fail(direct.errorText());
-    }
+    BenchDevice& device = bench.device();
+    DirectStore& direct = bench.direct();
     Workload workload;
     workload.reads = readJobs(device);
     workload.walkLog = DatabaseCatalogue::userDatabaseName(UserDatabase::UpperA, DeviceGenerator::userName(0));
     workload.walkRecords = device.generator().dayCount() + 1; // and the marker record
     if (!addWriteJobs(device, direct, workload)) {
-        return fail(QStringLiteral("A day of the write sequence has no record."));
+        return bench.fail(QStringLiteral("A day of the write sequence has no record."));
     }
     if (!std::all_of(workload.reads.begin(), workload.reads.begin() + 16,
                      [&direct](const ReadJob& job) { return sameRead(direct, job); })) {
-        return fail(QStringLiteral("The store and the baseline read different records."));
+        return bench.fail(QStringLiteral("The store and the baseline read different records."));
     }
-    registerCases(runner, workload, direct);
-    return runner.run();
+    registerCases(bench.runner(), workload, direct);
+    return bench.run();
 }

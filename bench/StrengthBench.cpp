@@ -10,7 +10,7 @@
 // Each through the strength records (…_store) and through DirectStore (…_sqlite), the same sequence
 // of regions, days, groups and values for both; the ratio store / sqlite must stay at most 2.
 
-#include "BenchDevice.h"
+#include "BenchMain.h"
 #include "DayKey.h"
 #include "DirectStore.h"
 #include "RatioRunner.h"
@@ -319,36 +319,27 @@ void registerCases(RatioRunner& runner, const Workload& workload, DirectStore& d
         "save_group", [&](State& state) { saveGroupStore(state, workload); },
         [&](State& state) { saveGroupSqlite(state, workload, direct); }, kLimit);
 }
-
-int fail(const QString& text) {
-    std::fprintf(stderr, "StrengthBench: %s\n", qPrintable(text));
-    return 1;
-}
 } // namespace
 
 int main(int argc, char** argv) {
-    RatioRunner runner(argc, argv);
-    BenchDevice device(kMiscRestYears);
-    if (!device.create()) {
-        return fail(device.errorText());
+    BenchMain bench(argc, argv, kMiscRestYears);
+    if (!bench.start()) {
+        return 1;
     }
     Workload workload;
     workload.regions = defaultRegions();
-    makeJobs(device.generator(), workload);
+    makeJobs(bench.device().generator(), workload);
     if (!clearRecentGroups(workload)) {
-        return fail(QStringLiteral("The groups of the recent pulls could not be cleared."));
+        return bench.fail(QStringLiteral("The groups of the recent pulls could not be cleared."));
     }
-    DirectStore direct(device.objectStorePath());
-    if (!direct.open()) {
-        return fail(direct.errorText());
-    }
+    DirectStore& direct = bench.direct();
     const auto sameLoads = [&](const DayJob& job) { return sameLoad(direct, workload, job); };
     const auto samePulls = [&](const GroupJob& job) { return samePull(direct, workload, job); };
     if (!std::all_of(workload.loads.begin(), workload.loads.begin() + 16, sameLoads) ||
         !std::all_of(workload.recentPulls.begin(), workload.recentPulls.begin() + 16, samePulls) ||
         !std::all_of(workload.longPulls.begin(), workload.longPulls.begin() + 4, samePulls)) {
-        return fail(QStringLiteral("The strength records and the baseline read different sets."));
+        return bench.fail(QStringLiteral("The strength records and the baseline read different sets."));
     }
-    registerCases(runner, workload, direct);
-    return runner.run();
+    registerCases(bench.runner(), workload, direct);
+    return bench.run();
 }

@@ -8,7 +8,7 @@
 //   plain INSERTs. Each side starts from a user without logs (made so outside the timing).
 // The ratios store / sqlite must stay at most 2.
 
-#include "BenchDevice.h"
+#include "BenchMain.h"
 #include "DatabaseCatalogue.h"
 #include "DayKey.h"
 #include "DirectStore.h"
@@ -190,40 +190,34 @@ bool importByHand(DirectStore& direct, const QString& folder, const QString& use
     }
     return direct.commitWrite() && ok;
 }
-
-int fail(const QString& text) {
-    std::fprintf(stderr, "TablesBench: %s\n", qPrintable(text));
-    return 1;
-}
 } // namespace
 
 int main(int argc, char** argv) {
-    RatioRunner runner(argc, argv);
-    BenchDevice device;
-    if (!device.create()) {
-        return fail(device.errorText());
+    BenchMain bench(argc, argv);
+    if (!bench.start()) {
+        return 1;
     }
     const QString user = DeviceGenerator::userName(1);
     QTemporaryDir storeFolder, baselineFolder;
     SilentReport report;
     if (!TablesExport(user, storeFolder.path()).run(report)) {
-        return fail(QStringLiteral("The export failed: ") + report.failure);
+        return bench.fail(QStringLiteral("The export failed: ") + report.failure);
     }
-    DirectStore direct(device.objectStorePath());
-    if (!direct.open() || !exportByHand(direct, user, baselineFolder.path())) {
-        return fail(QStringLiteral("The baseline export failed: ") + direct.errorText());
+    DirectStore& direct = bench.direct();
+    if (!exportByHand(direct, user, baselineFolder.path())) {
+        return bench.fail(QStringLiteral("The baseline export failed: ") + direct.errorText());
     }
     for (TidyTables::Table table : TidyTables::kAll) {
         const QString name = TidyTables::fileName(table);
         const QByteArray written = readAll(QDir(storeFolder.path()).filePath(name));
         if (written != readAll(QDir(baselineFolder.path()).filePath(name)) || written.count('\n') < 3000) {
-            return fail(QStringLiteral("The export and the baseline wrote different files: ") + name);
+            return bench.fail(QStringLiteral("The export and the baseline wrote different files: ") + name);
         }
     }
     // Both imports must take every day, and store what the other stores.
     const HistoryImport::Outcome outcome = HistoryImport(kImported, storeFolder.path(), {}).run();
     if (!outcome.complete || !resetUser(kBaseline, true) || !importByHand(direct, storeFolder.path(), kBaseline)) {
-        return fail(QStringLiteral("An import failed: ") + outcome.text + direct.errorText());
+        return bench.fail(QStringLiteral("An import failed: ") + outcome.text + direct.errorText());
     }
     QTemporaryDir importedTables, baselineTables;
     TablesExport(kImported, importedTables.path()).run(report);
@@ -232,11 +226,11 @@ int main(int argc, char** argv) {
         const QString name = TidyTables::fileName(table);
         if (readAll(QDir(importedTables.path()).filePath(name)) != readAll(QDir(storeFolder.path()).filePath(name)) ||
             readAll(QDir(baselineTables.path()).filePath(name)) != readAll(QDir(storeFolder.path()).filePath(name))) {
-            return fail(QStringLiteral("The imports stored different days: ") + name);
+            return bench.fail(QStringLiteral("The imports stored different days: ") + name);
         }
     }
 
-    runner.addPair(
+    bench.runner().addPair(
         "tables_export",
         [&](benchmark::State& state) {
             for (auto _ : state) {
@@ -256,7 +250,7 @@ int main(int argc, char** argv) {
             }
         },
         kLimit, benchmark::kMillisecond);
-    runner.addPair(
+    bench.runner().addPair(
         "tables_import",
         [&](benchmark::State& state) {
             for (auto _ : state) {
@@ -281,5 +275,5 @@ int main(int argc, char** argv) {
             }
         },
         kLimit, benchmark::kMillisecond);
-    return runner.run();
+    return bench.run();
 }

@@ -12,7 +12,7 @@
 
 #include "Backup.h"
 #include "BackupFile.h"
-#include "BenchDevice.h"
+#include "BenchMain.h"
 #include "Compact.h"
 #include "DevicePaths.h"
 #include "RatioRunner.h"
@@ -172,19 +172,14 @@ void compactByHand(const QString& objectStore, const QString& user) {
     sqlite3_finalize(walk);
     sqlite3_close(db);
 }
-
-int fail(const QString& text) {
-    std::fprintf(stderr, "UtilitiesBench: %s\n", qPrintable(text));
-    return 1;
-}
 } // namespace
 
 int main(int argc, char** argv) {
-    RatioRunner runner(argc, argv);
-    BenchDevice device;
-    if (!device.create()) {
-        return fail(device.errorText());
+    BenchMain bench(argc, argv);
+    if (!bench.start()) {
+        return 1;
     }
+    BenchDevice& device = bench.device();
     const QString root = QFileInfo(device.objectStorePath()).absolutePath();
     DevicePaths::setCurrent(DevicePaths(root));
     QDir(root).mkpath(QStringLiteral("My Documents"));
@@ -193,9 +188,9 @@ int main(int argc, char** argv) {
     const QString handFile = root + QStringLiteral("/My Documents/by-hand.kov");
     QuietReport report;
     if (!Backup::run(user, report)) {
-        return fail(QStringLiteral("The backup failed."));
+        return bench.fail(QStringLiteral("The backup failed."));
     }
-    runner.addPair(
+    bench.runner().addPair(
         "backup",
         [&](benchmark::State& state) {
             for (auto _ : state) {
@@ -208,7 +203,7 @@ int main(int argc, char** argv) {
             }
         },
         kLimit, benchmark::kMillisecond);
-    runner.addPair(
+    bench.runner().addPair(
         "restore",
         [&](benchmark::State& state) {
             for (auto _ : state) {
@@ -221,7 +216,7 @@ int main(int argc, char** argv) {
             }
         },
         kLimit, benchmark::kMillisecond);
-    runner.addPair(
+    bench.runner().addPair(
         "compact",
         [&](benchmark::State& state) {
             for (auto _ : state) {
@@ -234,5 +229,5 @@ int main(int argc, char** argv) {
             }
         },
         kLimit, benchmark::kMillisecond);
-    return runner.run();
+    return bench.run();
 }

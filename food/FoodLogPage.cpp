@@ -402,8 +402,10 @@ void FoodLogPage::DeleteMeal() {
     if (row < 0) {
         return;
     }
-    records().DeleteMeal(m_date, row);
-    LoadDay();
+    // A failed delete has said so; reloading a day that cannot be read would say it a second time.
+    if (records().DeleteMeal(m_date, row)) {
+        LoadDay();
+    }
 }
 
 void FoodLogPage::runMealDialog(int slot, const std::optional<Meal>& meal) {
@@ -418,15 +420,9 @@ int FoodLogPage::selectedRow() const {
 }
 
 void FoodLogPage::showListMenu(const QPoint& position) {
-    // A tap-and-hold on a row selects it first; one below the rows leaves no row selected.
-    QTreeWidgetItem* item = m_list->itemAt(position);
-    if (item != nullptr) {
-        m_list->setCurrentItem(item);
-    } else {
-        m_list->clearSelection();
-    }
-    PageMenu menu(item != nullptr ? QStringLiteral("itemMenu") : QStringLiteral("noItemMenu"), m_list);
-    if (item != nullptr) {
+    const bool onRow = PageMenu::selectRowAt(m_list, position);
+    PageMenu menu(onRow ? QStringLiteral("itemMenu") : QStringLiteral("noItemMenu"), m_list);
+    if (onRow) {
         menu.addCommand(ID_FOOD_DELETEMEAL, QStringLiteral("Delete"));
         menu.addCommand(ID_FOOD_EDITMEAL, QStringLiteral("Edit"));
         menu.addSeparator();

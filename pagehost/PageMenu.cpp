@@ -1,7 +1,19 @@
 #include "PageMenu.h"
 
+#include <QTreeWidget>
+
 PageMenu::PageMenu(const QString& name, QWidget* parent) : QMenu(parent) {
     setObjectName(name);
+}
+
+bool PageMenu::selectRowAt(QTreeWidget* list, const QPoint& position) {
+    QTreeWidgetItem* item = list->itemAt(position);
+    if (item == nullptr) {
+        list->clearSelection();
+        return false;
+    }
+    list->setCurrentItem(item);
+    return true;
 }
 
 void PageMenu::addCommand(int command, const QString& text) {

@@ -300,15 +300,9 @@ void StrengthLogPage::passTimesOn(const WorkoutHeader& header) {
 // --- The list -------------------------------------------------------------------------------------
 
 void StrengthLogPage::showListMenu(const QPoint& position) {
-    // A tap-and-hold on a row selects it first; one below the rows leaves no row selected.
-    QTreeWidgetItem* item = m_list->itemAt(position);
-    if (item != nullptr) {
-        m_list->setCurrentItem(item);
-    } else {
-        m_list->clearSelection();
-    }
-    PageMenu menu(item != nullptr ? QStringLiteral("rowMenu") : QStringLiteral("groupMenu"), m_list);
-    if (item != nullptr) {
+    const bool onRow = PageMenu::selectRowAt(m_list, position);
+    PageMenu menu(onRow ? QStringLiteral("rowMenu") : QStringLiteral("groupMenu"), m_list);
+    if (onRow) {
         menu.addCommand(ID_STRENGTH_DELETE, QStringLiteral("Delete"));
         menu.addCommand(ID_STRENGTH_EDIT, QStringLiteral("Edit"));
     } else {

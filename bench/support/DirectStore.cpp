@@ -125,6 +125,16 @@ DirectProp DirectStore::column(sqlite3_stmt* statement, int idColumn) {
     return prop;
 }
 
+bool DirectStore::readDay(const QString& database, std::int64_t key, DirectRecord& props) {
+    if (!beginRead()) {
+        return false;
+    }
+    const CEOID id = databaseId(database);
+    const CEOID record = id == 0 ? 0 : seekFirstEqual(id, key);
+    const bool read = record != 0 && readRecord(record, props);
+    return endRead() && read;
+}
+
 bool DirectStore::readRecord(CEOID record, DirectRecord& props) {
     props.clear();
     sqlite3_bind_int64(m_readProps, 1, record);

@@ -44,6 +44,9 @@ public:
     CEOID seekFirstEqual(CEOID database, std::int64_t key);
     // All properties of record, in ascending property-id order.
     bool readRecord(CEOID record, DirectRecord& props);
+    // What a log page does to show a day, in one read transaction: the named database, the record
+    // keyed key, all its properties. False when there is no such record.
+    bool readDay(const QString& database, std::int64_t key, DirectRecord& props);
     // The properties of record whose ids lie from first to last, in ascending property-id order.
     bool readProps(CEOID record, CEPROPID first, CEPROPID last, DirectRecord& props);
     // From the record keyed key toward earlier keys, one record at a time, reads each record's

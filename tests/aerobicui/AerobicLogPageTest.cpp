@@ -6,6 +6,7 @@
 #include "DateControl.h"
 #include "ItemListDialog.h"
 #include "MessageBox.h"
+#include "NotesEdit.h"
 #include "RatingCombo.h"
 #include "RecordDatabase.h"
 #include "Settings.h"
@@ -43,20 +44,9 @@ protected:
     }
     AerobicLogPage& page() const { return *static_cast<AerobicLogPage*>(m_screen->mainDialog().page(3)); }
     template <typename T> T* control(int id, const QWidget* on = nullptr) const {
-        auto* found = (on ? on : &page())->findChild<T*>(QStringLiteral("c%1").arg(id));
-        EXPECT_NE(found, nullptr) << "no control " << id;
-        return found;
+        return ShellTest::control<T>(on ? *on : page(), id);
     }
     QPushButton* button(int id) const { return control<QPushButton>(id); }
-    // Taps the field, replaces what it holds with keys and presses Enter, as a person does.
-    static void typeInto(QLineEdit* edit, const QString& keys, bool replace = false) {
-        QTest::mouseClick(edit, Qt::LeftButton, {}, QPoint(4, edit->height() / 2));
-        if (replace) {
-            QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
-        }
-        QTest::keyClicks(edit, keys);
-        QTest::keyClick(edit, Qt::Key_Return);
-    }
     void typeNumber(int id, const QString& keys) { typeInto(control<QLineEdit>(id), keys, true); }
     // Writes count exercises into the day, named "Run 1", "Swim 2", "Bike 3" with distances 1.5 a slot.
     void writeExercises(const QDate& day, int count) {
@@ -70,6 +60,7 @@ protected:
             exercise.distance = 1.5 * slot;
             exercise.start = exercise.end = QDateTime(day, QTime(7, 0));
             exercise.minutes[7] = slot;
+            exercise.notes = QStringLiteral("Windy %1").arg(slot);
             ASSERT_TRUE(records.SaveExercise(day, slot, exercise));
         }
     }
@@ -288,7 +279,7 @@ TEST_F(AerobicLogPageTest, ANewDayIsWrittenOnlyOnItsFirstChangeAndCkDateMovesEve
     EXPECT_EQ(stored().props(kAerobic, earlier.addDays(-1)), "64:64");
 }
 
-TEST_F(AerobicLogPageTest, AListButtonEditsItsListAndANameAddedThereIsSavedAsTheExercisesCourse) {
+TEST_F(AerobicLogPageTest, AListButtonEditsItsListAndANameAddedThereIsSavedAsTheExercisesCourseAndNotesStay) {
     writeExercises(kToday, 1);
     showPage();
     QString edited;
@@ -305,4 +296,10 @@ TEST_F(AerobicLogPageTest, AListButtonEditsItsListAndANameAddedThereIsSavedAsThe
     EXPECT_NE(course->findText("Lake Path"), -1);
     EXPECT_EQ(stored().value(kAerobic, kToday, 724, kText).toString(), "Lake Path");
     EXPECT_EQ(stored().value(kAerobic, kToday, 701, kText).toString(), "Run 1");
+
+    // A person's notes stay when the notes get the focus.
+    auto* notes = control<NotesEdit>(IDC_AEROBIC_NOTES);
+    notes->setFocus();
+    ASSERT_TRUE(waitUntil([notes] { return notes->hasFocus(); }));
+    EXPECT_EQ(notes->toPlainText(), "Windy 1");
 }

@@ -1,5 +1,4 @@
 #include "ItemListDialog.h"
-#include "ItemListUserMode.h"
 
 #include "NameList.h"
 #include "ShellTestSupport.h"
@@ -50,22 +49,6 @@ protected:
     }
 };
 
-class FakeUserMode : public ItemListUserMode {
-public:
-    QString refusal(const QString& name) override {
-        return name.contains('\\') ? QStringLiteral("No backslash") : QString();
-    }
-    void deleteUser(ItemListDialog& editor, const QString& name) override {
-        deleted << name;
-        editor.refill();
-    }
-    QString chooseCurrentUser(const QString& added) override {
-        offered << added;
-        return QStringLiteral("Default");
-    }
-    QStringList deleted;
-    QStringList offered;
-};
 } // namespace
 
 TEST_F(ItemListDialogTest, AddsNamesOnceEachAndCreatesAMissingListEmpty) {
@@ -130,29 +113,4 @@ TEST_F(ItemListDialogTest, OkOffersToAddTheNameStillTyped) {
         EXPECT_EQ(added, QString::fromLatin1(answer) == "c1" ? "Rows" : "");
         EXPECT_EQ(stored("KovTestList"), QString::fromLatin1(answer) == "c1" ? "Rows" : "");
     }
-}
-
-TEST_F(ItemListDialogTest, TheUserListShowsTheUserPromptsAndLeavesDeletingAndChoosingToTheUserMode) {
-    start();
-    FakeUserMode users;
-    ItemListDialog editor(&main());
-    editor.setDatabaseName("KovUserList");
-    editor.setUserMode(&users);
-    QString prompts;
-    whenShown(QStringLiteral("ItemListDialog"), [&](QWidget* dialog) {
-        prompts = prompt(dialog, 1065) + " / " + prompt(dialog, 1066);
-        add(dialog, "Ann\\x");
-        add(dialog, "Ann");
-        select(dialog, "Ann");
-        click(dialog, "c1030");
-        click(dialog, "c1");
-    });
-    editor.edit();
-    EXPECT_EQ(prompts, "Type in the name of a new user and click Add / or, highlight the name of an existing user "
-                       "and click Delete to delete them");
-    EXPECT_EQ(m_boxes.texts(), QStringList{"No backslash"});
-    EXPECT_EQ(users.deleted, QStringList{"Ann"});
-    EXPECT_EQ(users.offered, QStringList{"Ann"});
-    EXPECT_EQ(editor.lastAdded(), "Ann");
-    EXPECT_EQ(editor.nameHandedBack(), "Default");
 }

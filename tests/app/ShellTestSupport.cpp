@@ -181,3 +181,24 @@ void ShellTest::holdAndChoose(QWidget* target, const QPoint& position, int comma
     poll.stop();
     QTest::mouseRelease(target, Qt::LeftButton, {}, position);
 }
+
+void ShellTest::typeInto(QLineEdit* edit, const QString& keys, bool replace, Qt::Key last) {
+    QTest::mouseClick(edit, Qt::LeftButton, {}, QPoint(4, edit->height() / 2));
+    if (replace) {
+        QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
+    }
+    QTest::keyClicks(edit, keys);
+    QTest::keyClick(edit, last);
+}
+
+QStringList ShellTest::rowTexts(const QTreeWidget* list) {
+    QStringList texts;
+    for (int row = 0; row < list->topLevelItemCount(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < list->columnCount(); ++column) {
+            cells << list->topLevelItem(row)->text(column);
+        }
+        texts << cells.join('|');
+    }
+    return texts;
+}

@@ -15,6 +15,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QLineEdit>
+#include <QTreeWidget>
+
 #include <functional>
 #include <memory>
 #include <ostream>
@@ -87,6 +90,17 @@ protected:
     // Holds the stylus on target at position until its context menu is up, records the menu's
     // items in shown (when given) and chooses the item named command (nothing when 0).
     void holdAndChoose(QWidget* target, const QPoint& position, int command, QStringList* shown = nullptr);
+
+    // The control named "c<id>" on parent, failing the test when there is none.
+    template <typename T> static T* control(const QWidget& parent, int id) {
+        auto* found = parent.findChild<T*>(QStringLiteral("c%1").arg(id));
+        EXPECT_NE(found, nullptr) << "no control " << id;
+        return found;
+    }
+    // Taps the field's start, selects what it holds (when replace), types keys and presses last, as a person does.
+    static void typeInto(QLineEdit* edit, const QString& keys, bool replace = false, Qt::Key last = Qt::Key_Return);
+    // A list's rows, each as its texts joined by '|'.
+    static QStringList rowTexts(const QTreeWidget* list);
 
     TestDevice m_device;
     ScriptedMessageBoxes m_boxes;

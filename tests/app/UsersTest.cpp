@@ -175,7 +175,9 @@ TEST_F(UsersTest, ManageUsersRefusesBadNamesOffersTheTypedOneAndChangesNothingUn
     main().SetCurrentUser("Ann");
     m_factory.log.clear();
     QString offer;
+    QString prompts;
     manageUsers([&](QWidget* editor) {
+        prompts = editor->findChild<QLabel*>("c1065")->text() + " / " + editor->findChild<QLabel*>("c1066")->text();
         type(editor, "c1008", "Ann/Bob");
         press(editor, "c1002");
         type(editor, "c1008", "Cy");
@@ -186,6 +188,8 @@ TEST_F(UsersTest, ManageUsersRefusesBadNamesOffersTheTypedOneAndChangesNothingUn
         });
         press(editor, "c1");
     });
+    EXPECT_EQ(prompts, "Type in the name of a new user and click Add / or, highlight the name of an existing user "
+                       "and click Delete to delete them");
     EXPECT_EQ(m_boxes.texts(),
               QStringList{"A user's name cannot contain any of \\ / : * ? \" < > | or control characters."});
     EXPECT_EQ(offer, "Would you like to make Cy the current user?  Click OK to make Cy the current user, or Cancel to "

@@ -1,4 +1,5 @@
 #include "CsvExport.h"
+#include "SqlLogWriter.h"
 #include "StoredDays.h"
 #include "TestDevice.h"
 #include "VolumeFiles.h"
@@ -11,45 +12,20 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 constexpr int kI2 = 2, kUI2 = 18, kR8 = 5, kText = 31, kFileTime = 64;
 const QDate kReferenceDay(1968, 11, 29);
 
-// Writes logs straight into the object store's tables, as anyone with the sqlite3 shell could.
-class SqlLogs {
-public:
-    explicit SqlLogs(QString store) : m_store(std::move(store)) {}
-
-    // A log holding the reference-day marker (unless told otherwise) and a record keyed on each of days.
-    void createLog(const QString& name, const QList<QDate>& days = {}, bool marker = true) {
-        run("INSERT INTO databases (oid, name, type, sort_propid) SELECT " + kNextOid + ", '" + name +
-            "', 12345, 4194368");
-        for (const QDate& day : (marker ? QList<QDate>{kReferenceDay} : QList<QDate>{}) + days) {
-            addRecord(name, day);
-        }
+// Properties given as number, type, value, number, type, value...
+std::vector<SqlLogWriter::Prop> props(const QVariantList& flat) {
+    std::vector<SqlLogWriter::Prop> props;
+    for (qsizetype i = 0; i + 2 < flat.size(); i += 3) {
+        props.push_back({flat[i].toInt(), flat[i + 1].toInt(), flat[i + 2]});
     }
-    // A record of the log keyed on day, holding the properties given as number, type, value, ...
-    void addRecord(const QString& log, const QDate& day, const QVariantList& props = {}) {
-        const QString key = QString::number(StoredDays::keyOf(day));
-        QString sql = "INSERT INTO records SELECT " + kNextOid + ", oid, " + key + " FROM databases WHERE name = '" +
-                      log + "'; INSERT INTO props VALUES (last_insert_rowid(), 4194368, " + key + ")";
-        for (qsizetype i = 0; i < props.size(); i += 3) {
-            const int type = props[i + 1].toInt();
-            const QString value = type == kText ? "'" + props[i + 2].toString() + "'"
-                                  : type == kR8 ? QString::number(props[i + 2].toDouble(), 'f', 6)
-                                                : props[i + 2].toString();
-            sql +=
-                QString(", (last_insert_rowid(), %1, %2)").arg(StoredDays::propId(props[i].toInt(), type)).arg(value);
-        }
-        run(sql);
-    }
-
-private:
-    void run(const QString& sql) { VolumeFiles::runSql(m_store, sql.toUtf8().constData()); }
-    inline static const QString kNextOid =
-        "1 + max((SELECT ifnull(max(oid), 0) FROM databases), (SELECT ifnull(max(oid), 0) FROM records))";
-    QString m_store;
-};
+    return props;
+}
 
 // What the export tells its caller, one entry per call.
 class RecordedProgress : public ExportProgress {
@@ -92,8 +68,15 @@ protected:
     }
     QByteArray records(const char* name) const { return file(name).mid(file(name).indexOf('\r') + 1); }
 
+    // A log holding the reference-day marker and a record keyed on each of days.
+    void createLog(const QString& name, const QList<QDate>& days = {}) {
+        for (const QDate& day : QList<QDate>{kReferenceDay} + days) {
+            m_sql.writeDay(name, day, {});
+        }
+    }
+
     TestDevice m_device;
-    SqlLogs m_sql{m_device.paths().objectStore()};
+    SqlLogWriter m_sql{m_device.paths().objectStore()};
     CsvExport m_export{DatabaseCatalogue::userDatabaseNames("Ann"), m_device.paths().myDocuments()};
     RecordedProgress m_progress;
 };
@@ -101,16 +84,20 @@ protected:
 
 TEST_F(CsvExportTest, BodyHalfWritesEachRecordAfterTheMarkerInDateOrderUnderThe185CellHeader) {
     // Set 7 of slot 1 lacks its intensity; group 3 (406) lies beyond the three exported slots.
-    m_sql.createLog("Kov2AUpperBodyAnn", {});
-    m_sql.addRecord(
-        "Kov2AUpperBodyAnn", QDate(2003, 12, 1),
-        {102, kI2,   7,       103, kI2,   5,    104, kI2,   45,    105, kUI2,  1,   1132, kText, "Hard, \"heavy\" day",
-         106, kText, "Bench", 107, kText, "10", 108, kR8,   135.5, 109, kText, "2", 110,  kI2,   7,
-         236, kText, "Press", 238, kR8,   60.0, 241, kText, "Dips"});
-    m_sql.addRecord("Kov2AUpperBodyAnn", QDate(2003, 3, 7), {102, kI2, 18, 103, kI2, 30, 1120, kI2, 40, 105, kUI2, 0});
-    m_sql.createLog("Kov2BUpperBodyAnn", {QDate(2003, 3, 7)});
-    m_sql.addRecord("Kov2BUpperBodyAnn", QDate(2003, 12, 1),
-                    {306, kText, "Rows", 308, kR8, 100.25, 406, kText, "Curl"});
+    createLog("Kov2AUpperBodyAnn", {});
+    m_sql.writeDay("Kov2AUpperBodyAnn", QDate(2003, 12, 1), props({102,   kI2,   7,       103,   kI2,
+                                                                   5,     104,   kI2,     45,    105,
+                                                                   kUI2,  1,     1132,    kText, "Hard, \"heavy\" day",
+                                                                   106,   kText, "Bench", 107,   kText,
+                                                                   "10",  108,   kR8,     135.5, 109,
+                                                                   kText, "2",   110,     kI2,   7,
+                                                                   236,   kText, "Press", 238,   kR8,
+                                                                   60.0,  241,   kText,   "Dips"}));
+    m_sql.writeDay("Kov2AUpperBodyAnn", QDate(2003, 3, 7),
+                   props({102, kI2, 18, 103, kI2, 30, 1120, kI2, 40, 105, kUI2, 0}));
+    createLog("Kov2BUpperBodyAnn", {QDate(2003, 3, 7)});
+    m_sql.writeDay("Kov2BUpperBodyAnn", QDate(2003, 12, 1),
+                   props({306, kText, "Rows", 308, kR8, 100.25, 406, kText, "Curl"}));
 
     EXPECT_TRUE(m_export.ExportStrength(BodyRegion::Upper, m_progress));
     const QList<QByteArray> head = header("kovupper.csv");
@@ -131,25 +118,25 @@ TEST_F(CsvExportTest, BodyHalfWritesEachRecordAfterTheMarkerInDateOrderUnderThe1
 
 TEST_F(CsvExportTest, AerobicLineHoldsThreeBlocksInTheCodePageWithoutAMarkerToSkip) {
     // Exercise 2 on its own numbers, exercise 3 only named.
-    m_sql.createLog("Kov2AerobicAnn", {}, false);
-    m_sql.addRecord("Kov2AerobicAnn", QDate(2004, 2, 29), {102,  kI2,   6,
-                                                           103,  kI2,   45,
-                                                           104,  kI2,   30,
-                                                           105,  kUI2,  1,
-                                                           1132, kText, "Easy \u2192 hard",
-                                                           701,  kText, "Caf\u00e9 run",
-                                                           702,  kI2,   3,
-                                                           721,  kI2,   10,
-                                                           722,  kR8,   5.25,
-                                                           723,  kI2,   150,
-                                                           724,  kText, "Park \U0001F332",
-                                                           1136, kI2,   17,
-                                                           1140, kI2,   20,
-                                                           1144, kUI2,  0,
-                                                           1142, kText, "Cool down, cafe\u0301",
-                                                           801,  kText, "Bike",
-                                                           822,  kR8,   3.0,
-                                                           901,  kText, "Swim"});
+    m_sql.writeLog("Kov2AerobicAnn");
+    m_sql.writeDay("Kov2AerobicAnn", QDate(2004, 2, 29), props({102,  kI2,   6,
+                                                                103,  kI2,   45,
+                                                                104,  kI2,   30,
+                                                                105,  kUI2,  1,
+                                                                1132, kText, "Easy \u2192 hard",
+                                                                701,  kText, "Caf\u00e9 run",
+                                                                702,  kI2,   3,
+                                                                721,  kI2,   10,
+                                                                722,  kR8,   5.25,
+                                                                723,  kI2,   150,
+                                                                724,  kText, "Park \U0001F332",
+                                                                1136, kI2,   17,
+                                                                1140, kI2,   20,
+                                                                1144, kUI2,  0,
+                                                                1142, kText, "Cool down, cafe\u0301",
+                                                                801,  kText, "Bike",
+                                                                822,  kR8,   3.0,
+                                                                901,  kText, "Swim"}));
 
     EXPECT_TRUE(m_export.ExportAerobic(m_progress));
     const QList<QByteArray> head = header("kovaerobic.csv");
@@ -167,28 +154,28 @@ TEST_F(CsvExportTest, AerobicLineHoldsThreeBlocksInTheCodePageWithoutAMarkerToSk
 }
 
 TEST_F(CsvExportTest, FoodLineHoldsTheDayValuesByTypeAndTheFifteenMealSlots) {
-    m_sql.createLog("Kov2FoodAnn", {});
-    m_sql.addRecord("Kov2FoodAnn", QDate(2010, 10, 10),
-                    {1001, kI2,       8,
-                     1002, kI2,       181,
-                     1003, kR8,       21.5,
-                     1132, kText,     "Tired",
-                     1151, kR8,       40.0,
-                     1150, kR8,       15.75,
-                     1146, kR8,       32.5,
-                     1148, kR8,       22.0,
-                     1149, kR8,       15.0,
-                     1147, kR8,       7.5,
-                     1154, kI2,       120,
-                     1155, kI2,       80,
-                     1156, kI2,       52,
-                     1152, kI2,       -1,
-                     1010, kFileTime, StoredDays::fileTimeOf(kReferenceDay, QTime(7, 5, 12, 12)),
-                     1012, kText,     "Eggs",
-                     1014, kText,     "",
-                     1015, kText,     "Coffee",
-                     1094, kFileTime, StoredDays::fileTimeOf(kReferenceDay, QTime(23, 59, 12, 12)),
-                     1096, kText,     "Fish"});
+    createLog("Kov2FoodAnn", {});
+    m_sql.writeDay("Kov2FoodAnn", QDate(2010, 10, 10),
+                   props({1001, kI2,       8,
+                          1002, kI2,       181,
+                          1003, kR8,       21.5,
+                          1132, kText,     "Tired",
+                          1151, kR8,       40.0,
+                          1150, kR8,       15.75,
+                          1146, kR8,       32.5,
+                          1148, kR8,       22.0,
+                          1149, kR8,       15.0,
+                          1147, kR8,       7.5,
+                          1154, kI2,       120,
+                          1155, kI2,       80,
+                          1156, kI2,       52,
+                          1152, kI2,       -1,
+                          1010, kFileTime, StoredDays::fileTimeOf(kReferenceDay, QTime(7, 5, 12, 12)),
+                          1012, kText,     "Eggs",
+                          1014, kText,     "",
+                          1015, kText,     "Coffee",
+                          1094, kFileTime, StoredDays::fileTimeOf(kReferenceDay, QTime(23, 59, 12, 12)),
+                          1096, kText,     "Fish"}));
 
     EXPECT_TRUE(m_export.ExportFood(m_progress));
     const QList<QByteArray> head = header("kovfood.csv");
@@ -209,10 +196,10 @@ TEST_F(CsvExportTest, FoodLineHoldsTheDayValuesByTypeAndTheFifteenMealSlots) {
 TEST_F(CsvExportTest, ExportTellsEachStepSkipsWhatItCannotExportAndEndsSuccessful) {
     // The lower half's A database holds 2 records; no aerobic database; a food database without records.
     for (const char* log : {"Kov2AUpperBodyAnn", "Kov2BUpperBodyAnn", "Kov2BLowerBodyAnn"}) {
-        m_sql.createLog(log, {QDate(2005, 5, 5), QDate(2005, 5, 6)});
+        createLog(log, {QDate(2005, 5, 5), QDate(2005, 5, 6)});
     }
-    m_sql.createLog("Kov2ALowerBodyAnn", {QDate(2005, 5, 5)});
-    m_sql.createLog("Kov2FoodAnn", {}, false);
+    createLog("Kov2ALowerBodyAnn", {QDate(2005, 5, 5)});
+    m_sql.writeLog("Kov2FoodAnn");
     VolumeFiles::writeFile(path("kovlower2.csv"), "old");
 
     EXPECT_FALSE(m_export.run(m_progress));
@@ -245,8 +232,8 @@ TEST_F(CsvExportTest, ExportTellsEachStepSkipsWhatItCannotExportAndEndsSuccessfu
 }
 
 TEST_F(CsvExportTest, AFileTakesTheLinksPlaceNeverItsTarget) {
-    m_sql.createLog("Kov2AerobicAnn", {});
-    m_sql.createLog("Kov2FoodAnn", {QDate(2010, 10, 10)});
+    createLog("Kov2AerobicAnn", {});
+    createLog("Kov2FoodAnn", {QDate(2010, 10, 10)});
     QTemporaryDir outside;
     const QString target = outside.filePath("target.txt");
     VolumeFiles::writeFile(target, "keep");
@@ -268,8 +255,8 @@ TEST_F(CsvExportTest, AFileTakesTheLinksPlaceNeverItsTarget) {
 
 TEST_F(CsvExportTest, AnExportWithFilesThatCannotBeWrittenIsNotCalledSuccessful) {
     // No strength logs: the halves are skipped as the export always skips them. My Documents is a file.
-    m_sql.createLog("Kov2AerobicAnn", {});
-    m_sql.createLog("Kov2FoodAnn", {});
+    createLog("Kov2AerobicAnn", {});
+    createLog("Kov2FoodAnn", {});
     ASSERT_TRUE(QDir(m_device.paths().myDocuments()).removeRecursively());
     VolumeFiles::writeFile(m_device.paths().myDocuments(), "not a folder");
 
@@ -280,4 +267,23 @@ TEST_F(CsvExportTest, AnExportWithFilesThatCannotBeWrittenIsNotCalledSuccessful)
     EXPECT_TRUE(messages[3].startsWith("message:\\My Documents\\kovfood.csv could not be created: "));
     EXPECT_EQ(messages[4], "message:Export incomplete: 2 of the six files could not be written.");
     EXPECT_EQ(m_progress.events.filter("Export succ"), QStringList());
+}
+
+TEST_F(CsvExportTest, AHalfWritesNoFileWhenEitherDatabaseHoldsFewerThanThreeRecords) {
+    // The marker and one day make 2 records; the marker and two days make 3.
+    const QList<QDate> one = {QDate(2005, 5, 5)};
+    const QList<QDate> two = {QDate(2005, 5, 5), QDate(2005, 5, 6)};
+    for (const auto& [user, a, b, written] :
+         {std::tuple{"Bob", two, one, false}, std::tuple{"Cy", one, two, false}, std::tuple{"Dee", two, two, true}}) {
+        const ExportSource logs = DatabaseCatalogue::userDatabaseNames(user);
+        createLog(logs[static_cast<size_t>(UserDatabase::UpperA)], a);
+        createLog(logs[static_cast<size_t>(UserDatabase::UpperB)], b);
+        QTemporaryDir folder;
+        RecordedProgress progress;
+        EXPECT_EQ(CsvExport(logs, folder.path()).ExportStrength(BodyRegion::Upper, progress), written) << user;
+        EXPECT_EQ(QFile::exists(folder.filePath("kovupper2.csv")), written) << user;
+        EXPECT_EQ(progress.events.contains("message:Not all databases were exported due to insufficient entries."),
+                  !written)
+            << user;
+    }
 }

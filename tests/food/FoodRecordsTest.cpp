@@ -55,20 +55,15 @@ TEST_F(FoodRecordsTest, ANewDatabaseHoldsTheMarkerAndANewDayOnlyItsKeyAndNotes) 
 }
 
 TEST_F(FoodRecordsTest, ShowingADayMakesAMissingDatabaseAndDayOnceThenReadsTheStoredDay) {
-    const QString other = kFood + "Ann";
-    const FoodRecords records(other);
+    const FoodRecords records(kFood + "Ann");
     bool created = false;
     ASSERT_TRUE(records.ShowDay(kDay, &created));
     EXPECT_TRUE(created);
-    EXPECT_EQ(m_stored.props(other, QDate(1968, 11, 29)), "64:64");
-    EXPECT_EQ(m_stored.props(other, kDay), "64:64,1132:31");
-
+    EXPECT_EQ(m_stored.props(kFood + "Ann", kDay), "64:64,1132:31");
     ASSERT_TRUE(records.PutMeal(kDay, 0, mealAt(7, 30, 0)));
-    const std::optional<FoodDay> day = records.ShowDay(kDay, &created);
-    ASSERT_TRUE(day);
+    EXPECT_EQ(records.ShowDay(kDay, &created)->meals().size(), 1u);
     EXPECT_FALSE(created);
-    EXPECT_EQ(day->meals().size(), 1u);
-    EXPECT_EQ(m_stored.recordCount(other), 2);
+    EXPECT_EQ(m_stored.recordCount(kFood + "Ann"), 2);
     EXPECT_TRUE(m_boxes.texts().isEmpty());
 }
 

@@ -19,11 +19,13 @@
 #include "TapAndHold.h"
 #include "TimeControl.h"
 #include "UpDownControl.h"
+#include "VolumeFiles.h"
 #include "resource.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -49,32 +51,13 @@ protected:
         return page();
     }
     FoodLogPage& page() const { return *static_cast<FoodLogPage*>(m_screen->mainDialog().page(4)); }
-    template <typename T> T* control(int id) const {
-        auto* found = page().findChild<T*>(QStringLiteral("c%1").arg(id));
-        EXPECT_NE(found, nullptr) << "no control " << id;
-        return found;
-    }
+    template <typename T> T* control(int id) const { return ShellTest::control<T>(page(), id); }
     StoredDays stored() const { return StoredDays(m_device.paths().objectStore()); }
     QVariant value(int number, int type) const { return stored().value(kFood, kToday, number, type); }
 
-    static void typeInto(QLineEdit* edit, const QString& keys) {
-        edit->setFocus();
-        edit->selectAll();
-        QTest::keyClicks(edit, keys);
-        QTest::keyClick(edit, Qt::Key_Return);
-    }
+    static void typeNumber(QLineEdit* edit, const QString& keys) { typeInto(edit, keys, true); }
     QTreeWidget* list() const { return control<QTreeWidget>(IDC_FOOD_MEALS); }
-    QStringList rows() const {
-        QStringList texts;
-        for (int row = 0; row < list()->topLevelItemCount(); ++row) {
-            QStringList cells;
-            for (int column = 0; column < FoodLogPage::kColumnCount; ++column) {
-                cells << list()->topLevelItem(row)->text(column);
-            }
-            texts << cells.join('|');
-        }
-        return texts;
-    }
+    QStringList rows() const { return rowTexts(list()); }
     QString counts() const {
         return control<QLineEdit>(IDC_FOOD_PROCOUNT)->text() + ' ' + control<QLineEdit>(IDC_FOOD_CARBCOUNT)->text() +
                ' ' + control<QLineEdit>(IDC_FOOD_VEGCOUNT)->text();
@@ -117,6 +100,14 @@ protected:
 
 TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneSavesNothing) {
     showPage();
+    // The labels in the order the form shows them, the counts under the meal list last.
+    QStringList labels;
+    for (const QLabel* label : page().findChildren<QLabel*>()) {
+        labels << label->text();
+    }
+    EXPECT_EQ(labels.mid(labels.indexOf("Water (cups):")).join('|'),
+              "Water (cups):|Weight:|%Body Fat:|Sleep:|Sleep Quality:|BP sys/dia:|Rest HR:|Overall Feeling:|Chest:|"
+              "Biceps:|Waist:|Quads:|Calves:|Pro:|Carb:|Veg:");
     // A new day holds its key and the notes placeholder only.
     EXPECT_EQ(stored().props(kFood, kToday), "64:64,1132:31");
     EXPECT_EQ(control<NotesEdit>(IDC_FOOD_NOTES)->notes(), "<Click to add Notes>");
@@ -137,7 +128,7 @@ TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneS
     };
     for (const Refused& entry : refused) {
         m_boxes.clear();
-        typeInto(control<NumberEdit>(entry.id), QString::fromLatin1(entry.typed));
+        typeNumber(control<NumberEdit>(entry.id), QString::fromLatin1(entry.typed));
         EXPECT_EQ(m_boxes.texts(), QStringList{QString::fromLatin1(entry.message)}) << entry.id;
     }
     EXPECT_EQ(stored().propCount(kFood, kToday), 2);
@@ -159,7 +150,7 @@ TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneS
     };
     m_boxes.clear();
     for (const Typed& entry : typed) {
-        typeInto(control<NumberEdit>(entry.id), QString::fromLatin1(entry.typed));
+        typeNumber(control<NumberEdit>(entry.id), QString::fromLatin1(entry.typed));
         EXPECT_DOUBLE_EQ(value(entry.number, entry.type).toDouble(), entry.stored) << entry.number;
     }
     EXPECT_TRUE(m_boxes.texts().isEmpty());
@@ -175,11 +166,13 @@ TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneS
     QTest::keyClick(overall, Qt::Key_Down);
     EXPECT_EQ(value(1152, kI2).toInt(), 1);
     auto* notes = control<NotesEdit>(IDC_FOOD_NOTES);
-    notes->setFocus();
-    EXPECT_EQ(notes->notes(), "");
-    QTest::keyClicks(notes, "Slept well");
-    control<NumberEdit>(IDC_FOOD_WATER)->setFocus();
-    EXPECT_EQ(value(1132, kText).toString(), "Slept well");
+    for (const QString& before : {QString(), QStringLiteral("Slept well")}) {
+        notes->setFocus();
+        EXPECT_EQ(notes->notes(), before) << "a person's notes stay on focus";
+        QTest::keyClicks(notes, before.isEmpty() ? "Slept well" : "");
+        control<NumberEdit>(IDC_FOOD_WATER)->setFocus();
+        EXPECT_EQ(value(1132, kText).toString(), "Slept well");
+    }
     EXPECT_EQ(stored().propCount(kFood, kToday), 16);
 }
 
@@ -205,16 +198,22 @@ TEST_F(FoodLogPageTest, ASaveThatFailsOnAFullDiskIsToldAndThePageShowsWhatIsStor
 
 TEST_F(FoodLogPageTest, TheSpinsSetWaterAndWeightByOneAndBodyFatByTenths) {
     showPage();
-    typeInto(control<NumberEdit>(IDC_FOOD_BODYFAT), "22.4");
-    QTest::mouseClick(control<UpDownControl>(IDC_FOOD_BODYFATSPIN)->upButton(), Qt::LeftButton);
-    EXPECT_EQ(control<NumberEdit>(IDC_FOOD_BODYFAT)->text(), "22.5");
-    EXPECT_DOUBLE_EQ(value(1003, kR8).toDouble(), 22.5);
-
-    typeInto(control<NumberEdit>(IDC_FOOD_WATER), "98");
-    QTest::mouseClick(control<UpDownControl>(IDC_FOOD_WATERSPIN)->upButton(), Qt::LeftButton);
-    EXPECT_EQ(value(1001, kI2).toInt(), 99);
-    QTest::mouseClick(control<UpDownControl>(IDC_FOOD_WEIGHTSPIN)->downButton(), Qt::LeftButton);
-    EXPECT_EQ(value(1002, kI2).toInt(), 0);
+    const struct {
+        int edit, spin;
+        const char* typed;
+        bool up;
+        int number, type;
+        double stored;
+    } steps[] = {{IDC_FOOD_BODYFAT, IDC_FOOD_BODYFATSPIN, "22.4", true, 1003, kR8, 22.5},
+                 {IDC_FOOD_WATER, IDC_FOOD_WATERSPIN, "98", true, 1001, kI2, 99},
+                 {IDC_FOOD_WEIGHT, IDC_FOOD_WEIGHTSPIN, "150", false, 1002, kI2, 149}};
+    for (const auto& step : steps) {
+        typeNumber(control<NumberEdit>(step.edit), QString::fromLatin1(step.typed));
+        UpDownControl* spin = control<UpDownControl>(step.spin);
+        QTest::mouseClick(step.up ? spin->upButton() : spin->downButton(), Qt::LeftButton);
+        EXPECT_EQ(control<NumberEdit>(step.edit)->value(), step.stored) << step.number;
+        EXPECT_DOUBLE_EQ(value(step.number, step.type).toDouble(), step.stored) << step.number;
+    }
     EXPECT_TRUE(m_boxes.texts().isEmpty());
 }
 
@@ -224,6 +223,11 @@ TEST_F(FoodLogPageTest, MealsAreAddedEditedAndDeletedThroughTheListMenusAndTheMe
     answerMealDialog("7:05a", {"Greek Yogurt", "Oatmeal", "", "Fish Oil"});
     holdAndChoose(-1, ID_FOOD_ADDMEAL, &shown);
     EXPECT_EQ(shown, QStringList{"Add Meal"});
+    QStringList headings;
+    for (int column = 0; column < list()->columnCount(); ++column) {
+        headings << list()->headerItem()->text(column);
+    }
+    EXPECT_EQ(headings, QStringList({"Time", "Protein", "Carb", "Veg", "Other"}));
     EXPECT_EQ(rows(), QStringList{"7:05A|Greek Yogurt|Oatmeal||Fish Oil"});
     EXPECT_EQ(stored().props(kFood, kToday, 1010, 1015), "1010:64,1012:31,1013:31,1014:31,1015:31");
     EXPECT_EQ(value(1010, kFileTime).toLongLong(), StoredDays::fileTimeOf(QDate(1968, 11, 29), QTime(7, 5, 12, 12)));
@@ -246,6 +250,17 @@ TEST_F(FoodLogPageTest, MealsAreAddedEditedAndDeletedThroughTheListMenusAndTheMe
     EXPECT_EQ(rows().value(1), "9:41A||||");
     EXPECT_EQ(value(1018, kText), QVariant(QString("")));
     EXPECT_EQ(counts(), "1 1 0");
+
+    // Cancel stores nothing, whatever was typed.
+    const QString before = stored().props(kFood, kToday);
+    whenShown(QStringLiteral("MealDialog"), [](QWidget* dialog) {
+        QTest::keyClicks(dialog->findChild<QComboBox*>(QStringLiteral("c%1").arg(IDC_MEAL_PROTEIN))->lineEdit(),
+                         "Tuna");
+        QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDCANCEL)), Qt::LeftButton);
+    });
+    trigger(ID_FOOD_ADDMEAL);
+    EXPECT_EQ(stored().props(kFood, kToday), before);
+    EXPECT_EQ(rows().size(), 2);
 
     shown.clear();
     answerMealDialog("12:30p", {"Chicken", "Brown Rice", "Broccoli", ""});
@@ -291,6 +306,31 @@ TEST_F(FoodLogPageTest, TheNowButtonTakesTheClocksTimeAndAListButtonRefillsItsLi
     EXPECT_EQ(carbs.value(9), "quinoa");
     EXPECT_EQ(rows(), QStringList{"9:41A||quinoa||"});
     EXPECT_EQ(value(1010, kFileTime).toLongLong(), StoredDays::fileTimeOf(QDate(1968, 11, 29), QTime(9, 41, 12, 12)));
+}
+
+TEST_F(FoodLogPageTest, AMealThatCannotBeReadIsNotEditedNorDeletedFromADayWhoseRecordIsGone) {
+    const FoodRecords food(kFood);
+    ASSERT_TRUE(food.EnsureDatabase());
+    ASSERT_NE(food.CreateDay(kToday), 0u);
+    for (int slot = 0; slot < 2; ++slot) {
+        ASSERT_TRUE(food.PutMeal(kToday, slot, Meal{QTime(6 + slot, 0), "Egg Whites", "", "", ""}));
+    }
+    showPage();
+    ASSERT_EQ(rows().size(), 2);
+
+    // A meal deleted behind the page's back cannot be read for editing.
+    ASSERT_TRUE(food.DeleteMeal(kToday, 1));
+    holdAndChoose(1, ID_FOOD_EDITMEAL);
+    EXPECT_EQ(m_boxes.texts(), QStringList{"Error accessing food database on item Edit"});
+
+    // Deleting from a day whose record is gone says so once, and the list stays as it was.
+    m_boxes.clear();
+    VolumeFiles::runSql(m_device.paths().objectStore(),
+                        "PRAGMA foreign_keys = ON; DELETE FROM records WHERE db = (SELECT oid FROM databases "
+                        "WHERE name = 'Kov2Food')");
+    holdAndChoose(0, ID_FOOD_DELETEMEAL);
+    EXPECT_EQ(m_boxes.texts(), QStringList{"Error accessing food db on item delete"});
+    EXPECT_EQ(rows().size(), 2);
 }
 
 TEST_F(FoodLogPageTest, ADateChangedHereMovesTheOtherPagesOnlyWhenCkDateIs1) {

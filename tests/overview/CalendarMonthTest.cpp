@@ -2,7 +2,7 @@
 
 #include "CalendarMonth.h"
 
-#include "SqlDayWriter.h"
+#include "SqlLogWriter.h"
 #include "TestDevice.h"
 
 #include <gtest/gtest.h>
@@ -11,8 +11,8 @@ namespace {
 const TrainingMarks::Names kAnn{"Kov2AUpperBodyAnn", "Kov2BUpperBodyAnn", "Kov2ALowerBodyAnn", "Kov2BLowerBodyAnn",
                                 "Kov2AerobicAnn"};
 
-SqlDayWriter::Prop text(int number, const QString& value) {
-    return SqlDayWriter::text(number, value);
+SqlLogWriter::Prop text(int number, const QString& value) {
+    return SqlLogWriter::text(number, value);
 }
 QDate dayOf(const CalendarCell& cell) {
     return QDate(cell.year, cell.month, cell.day);
@@ -36,7 +36,7 @@ protected:
     }
 
     TestDevice m_device;
-    SqlDayWriter m_sql{m_device.paths().objectStore()};
+    SqlLogWriter m_sql{m_device.paths().objectStore()};
     CalendarMonth m_month{1, 2000};
 };
 } // namespace
@@ -89,18 +89,18 @@ TEST_F(CalendarMonthTest, CellsTileTheGridAndATapFindsTheCellHoldingIt) {
 TEST_F(CalendarMonthTest, DaysAreMarkedBySetsAndExercisesNotByFirstVisits) {
     const QDate busy(2024, 3, 5), visited(2024, 3, 6), lower(2024, 3, 7), aerobic(2024, 3, 8), leading(2024, 2, 27);
     // Upper body in A and B (the last set of group 5), an Abs set in lower B, exercise 1: four sets.
-    m_sql.addDay(kAnn.upperA, busy, {text(106, "Bench"), text(111, "")});
-    m_sql.addDay(kAnn.upperB, busy, {text(306, "Row"), text(661, "Shrugs")});
-    m_sql.addDay(kAnn.lowerB, busy, {text(406, "Crunch"), text(407, "12")});
-    m_sql.addDay(kAnn.aerobic, busy, {text(701, "Run")});
+    m_sql.writeDay(kAnn.upperA, busy, {text(106, "Bench"), text(111, "")});
+    m_sql.writeDay(kAnn.upperB, busy, {text(306, "Row"), text(661, "Shrugs")});
+    m_sql.writeDay(kAnn.lowerB, busy, {text(406, "Crunch"), text(407, "12")});
+    m_sql.writeDay(kAnn.aerobic, busy, {text(701, "Run")});
     // A first visit: the header and notes in A, the key alone in B and in the aerobic log.
-    m_sql.addDay(kAnn.upperA, visited, {{102, SqlDayWriter::kI2, 9}, text(1132, "<Click to add Notes>")});
-    m_sql.addDay(kAnn.upperB, visited, {});
-    m_sql.addDay(kAnn.aerobic, visited, {});
-    m_sql.addDay("Kov2AUpperBody", visited, {text(106, "Press")}); // another user's
-    m_sql.addDay(kAnn.lowerA, lower, {text(206, "Curl")});
-    m_sql.addDay(kAnn.aerobic, aerobic, {text(901, "")}); // exercise 3 alone, saved unnamed
-    m_sql.addDay(kAnn.upperA, leading, {text(106, "Dips")});
+    m_sql.writeDay(kAnn.upperA, visited, {{102, SqlLogWriter::kI2, 9}, text(1132, "<Click to add Notes>")});
+    m_sql.writeDay(kAnn.upperB, visited, {});
+    m_sql.writeDay(kAnn.aerobic, visited, {});
+    m_sql.writeDay("Kov2AUpperBody", visited, {text(106, "Press")}); // another user's
+    m_sql.writeDay(kAnn.lowerA, lower, {text(206, "Curl")});
+    m_sql.writeDay(kAnn.aerobic, aerobic, {text(901, "")}); // exercise 3 alone, saved unnamed
+    m_sql.writeDay(kAnn.upperA, leading, {text(106, "Dips")});
 
     built(3, 2024);
     EXPECT_EQ(marks(busy), std::vector<int>({1, 1, 1, 3, 4}));

@@ -5,7 +5,7 @@
 #include "TodayTaps.h"
 
 #include "DeviceFonts.h"
-#include "SqlDayWriter.h"
+#include "SqlLogWriter.h"
 #include "TestDevice.h"
 
 #include <QFontMetrics>
@@ -14,7 +14,7 @@
 #include <gtest/gtest.h>
 
 namespace {
-using Prop = SqlDayWriter::Prop;
+using Prop = SqlLogWriter::Prop;
 using Target = TodayTaps::Target;
 const QDate kToday(2024, 3, 14);
 const QString kAerobic = QStringLiteral("Kov2AerobicAnn");
@@ -22,7 +22,7 @@ const QString kUpperA = QStringLiteral("Kov2AUpperBodyAnn");
 const QString kFood = QStringLiteral("Kov2FoodAnn");
 
 Prop text(int number, const QString& value) {
-    return SqlDayWriter::text(number, value);
+    return SqlLogWriter::text(number, value);
 }
 
 class TodaySummaryTest : public ::testing::Test {
@@ -34,45 +34,46 @@ protected:
     // Appends a meal in slot at hour:minute with up to four items to props.
     static void meal(std::vector<Prop>& props, int slot, int hour, int minute, const QStringList& items) {
         const int time = 1010 + 6 * slot;
-        props.push_back(SqlDayWriter::mealTime(time, hour, minute));
+        props.push_back(SqlLogWriter::mealTime(time, hour, minute));
         for (int i = 0; i < items.size(); ++i) {
             props.push_back(text(time + 2 + i, items[i]));
         }
     }
 
     TestDevice m_device;
-    SqlDayWriter m_sql{m_device.paths().objectStore()};
+    SqlLogWriter m_sql{m_device.paths().objectStore()};
 };
 } // namespace
 
 TEST_F(TodaySummaryTest, NothingLoggedTodayAnywhere) {
     // Records of other days do not count.
-    m_sql.addDay(kAerobic, kToday.addDays(-1), {text(701, "Run")});
+    m_sql.writeDay(kAerobic, kToday.addDays(-1), {text(701, "Run")});
     std::vector<Prop> tomorrow;
     meal(tomorrow, 0, 18, 0, {"Steak"});
-    m_sql.addDay(kFood, kToday.addDays(1), tomorrow);
+    m_sql.writeDay(kFood, kToday.addDays(1), tomorrow);
     EXPECT_EQ(workout(), "No workout scheduled");
     EXPECT_EQ(nextMeal(10, 0), "No meals planned today");
 }
 
 TEST_F(TodaySummaryTest, WorkoutTextFollowsThePartCounter) {
-    m_sql.addDay(kAerobic, kToday, {text(701, "Run"), text(801, ""), text(901, "Swim")});
-    m_sql.addDay(kUpperA, kToday, {text(106, "Bench Press")});
+    m_sql.writeDay(kAerobic, kToday, {text(701, "Run"), text(801, ""), text(901, "Swim")});
+    m_sql.writeDay(kUpperA, kToday, {text(106, "Bench Press")});
     // Both strength labels come from the upper-body A record; a lower-body record is not asked.
     EXPECT_EQ(workout(), "Run, Swim, Upper Body, Lower Body");
 
     // Without exercise 1 the counter stays 0: exercise 3 replaces exercise 2, the upper body replaces
     // both, and the aerobic exercises alone make no workout.
     const QDate noFirst = kToday.addDays(1);
-    m_sql.addDay(kAerobic, noFirst, {text(801, "Swim"), text(901, "Row")});
+    m_sql.writeDay(kAerobic, noFirst, {text(801, "Swim"), text(901, "Row")});
     EXPECT_EQ(workout(noFirst), "No workout scheduled");
-    m_sql.addDay(kUpperA, noFirst, {text(106, "Dips")});
+    m_sql.writeDay(kUpperA, noFirst, {text(106, "Dips")});
     EXPECT_EQ(workout(noFirst), "Upper Body, Lower Body");
 
     // Only the first Chest set counts: a first visit's header, a later set, a Shoulders set do not.
     const QDate header = kToday.addDays(2);
-    m_sql.addDay(kUpperA, header, {{102, SqlDayWriter::kI2, 9}, text(106, ""), text(111, "Flyes"), text(206, "Press")});
-    m_sql.addDay("Kov2ALowerBodyAnn", header, {text(106, "Squat")});
+    m_sql.writeDay(kUpperA, header,
+                   {{102, SqlLogWriter::kI2, 9}, text(106, ""), text(111, "Flyes"), text(206, "Press")});
+    m_sql.writeDay("Kov2ALowerBodyAnn", header, {text(106, "Squat")});
     EXPECT_EQ(workout(header), "No workout scheduled");
 }
 
@@ -85,7 +86,7 @@ TEST_F(TodaySummaryTest, NextMealIsTheFirstSlotInSlotOrderWithAnItemToCome) {
     meal(props, 4, 20, 30, {"", "", "", "Protein shake"});
     meal(props, 14, 21, 0, {"Tea"});    // the last slot
     meal(props, 15, 22, 0, {"Cookie"}); // no slot
-    m_sql.addDay(kFood, kToday, props);
+    m_sql.writeDay(kFood, kToday, props);
     // At 10:00 the 18:00 meal of slot 0 comes before the 12:00 one of slot 1.
     EXPECT_EQ(nextMeal(10, 0), "Steak, Salad");
     // A meal at the current minute is past; a minute before, it is to come.

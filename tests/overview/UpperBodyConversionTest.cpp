@@ -5,7 +5,7 @@
 #include "RegistryHelper.h"
 #include "ScriptedMessageBoxes.h"
 #include "Settings.h"
-#include "SqlDayWriter.h"
+#include "SqlLogWriter.h"
 #include "StoredDays.h"
 #include "TestDevice.h"
 
@@ -17,8 +17,8 @@ const QString kA = QStringLiteral("Kov2AUpperBody");
 const QString kB = QStringLiteral("Kov2BUpperBody");
 const QDate kFirst(2003, 5, 6), kHeld(2003, 5, 7), kSecond(2003, 5, 8);
 
-SqlDayWriter::Prop text(int number, const QString& value) {
-    return SqlDayWriter::text(number, value);
+SqlLogWriter::Prop text(int number, const QString& value) {
+    return SqlLogWriter::text(number, value);
 }
 
 class UpperBodyConversionTest : public ::testing::Test {
@@ -27,27 +27,27 @@ protected:
 
     TestDevice m_device;
     ScriptedMessageBoxes m_boxes;
-    SqlDayWriter m_sql{m_device.paths().objectStore()};
+    SqlLogWriter m_sql{m_device.paths().objectStore()};
     StoredDays m_stored{m_device.paths().objectStore()};
 };
 } // namespace
 
 TEST_F(UpperBodyConversionTest, SplitsEachDayIntoTheDefaultPairOnce) {
     // The source: the reference-day marker, a whole day, a day the pair holds, a day of B groups.
-    m_sql.addDay(kSource, QDate(1968, 11, 29), {});
-    m_sql.addDay(kSource, kFirst,
-                 {{102, SqlDayWriter::kI2, 6},
-                  {105, SqlDayWriter::kUI2, 1},
-                  text(106, "Bench"),
-                  {108, SqlDayWriter::kR8, 135.0},
-                  text(305, "edge of A"),
-                  text(306, "Row"),
-                  text(705, "last of B"),
-                  text(1132, "Felt good"),
-                  {1133, SqlDayWriter::kI2, 20}});
-    m_sql.addDay(kSource, kHeld, {text(106, "Old press")});
-    m_sql.addDay(kSource, kSecond, {text(511, "Curl")});
-    m_sql.addDay(kA, kHeld, {text(106, "New press")});
+    m_sql.writeDay(kSource, QDate(1968, 11, 29), {});
+    m_sql.writeDay(kSource, kFirst,
+                   {{102, SqlLogWriter::kI2, 6},
+                    {105, SqlLogWriter::kUI2, 1},
+                    text(106, "Bench"),
+                    {108, SqlLogWriter::kR8, 135.0},
+                    text(305, "edge of A"),
+                    text(306, "Row"),
+                    text(705, "last of B"),
+                    text(1132, "Felt good"),
+                    {1133, SqlLogWriter::kI2, 20}});
+    m_sql.writeDay(kSource, kHeld, {text(106, "Old press")});
+    m_sql.writeDay(kSource, kSecond, {text(511, "Curl")});
+    m_sql.writeDay(kA, kHeld, {text(106, "New press")});
 
     const UpperBodyConversion::Outcome outcome = UpperBodyConversion::runOnce();
     EXPECT_TRUE(outcome.done);
@@ -55,25 +55,25 @@ TEST_F(UpperBodyConversionTest, SplitsEachDayIntoTheDefaultPairOnce) {
     EXPECT_EQ(outcome.kept, 1);
     EXPECT_EQ(m_stored.props(kA, kFirst), "64:64,102:2,105:18,106:31,108:5,305:31,1132:31,1133:2");
     EXPECT_EQ(m_stored.props(kB, kFirst), "64:64,306:31,705:31");
-    EXPECT_EQ(m_stored.value(kA, kFirst, 108, SqlDayWriter::kR8).toDouble(), 135.0);
+    EXPECT_EQ(m_stored.value(kA, kFirst, 108, SqlLogWriter::kR8).toDouble(), 135.0);
     // A day of B groups only still gets an A record, so the strength page finds the day.
     EXPECT_EQ(m_stored.props(kA, kSecond), "64:64");
     EXPECT_EQ(m_stored.props(kB, kSecond), "64:64,511:31");
-    EXPECT_EQ(m_stored.value(kA, kHeld, 106, SqlDayWriter::kText).toString(), "New press");
+    EXPECT_EQ(m_stored.value(kA, kHeld, 106, SqlLogWriter::kText).toString(), "New press");
     EXPECT_EQ(m_stored.recordCount(kSource), 4);
     EXPECT_EQ(done(), 1u);
     EXPECT_TRUE(m_boxes.texts().isEmpty());
 
     // Done once: a day added to the source later is not taken.
-    m_sql.addDay(kSource, kFirst.addDays(10), {text(106, "Late")});
+    m_sql.writeDay(kSource, kFirst.addDays(10), {text(106, "Late")});
     EXPECT_FALSE(UpperBodyConversion::runOnce().ran);
     EXPECT_EQ(m_stored.props(kA, kFirst.addDays(10)), "");
 }
 
 TEST_F(UpperBodyConversionTest, AnUnreadableDayStopsTheRunWithNothingTakenAndItIsTriedAgainLater) {
-    m_sql.addDay(kSource, kFirst, {text(106, "Bench")});
+    m_sql.writeDay(kSource, kFirst, {text(106, "Bench")});
     // A string property holding a number cannot be read.
-    m_sql.addDay(kSource, kSecond, {{106, SqlDayWriter::kText, 42}});
+    m_sql.writeDay(kSource, kSecond, {{106, SqlLogWriter::kText, 42}});
     EXPECT_FALSE(UpperBodyConversion::runOnce().done);
     EXPECT_EQ(m_boxes.texts(), QStringList({UpperBodyConversion::kFailedText}));
     EXPECT_EQ(done(), 0u);

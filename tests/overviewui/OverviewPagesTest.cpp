@@ -9,7 +9,7 @@
 #include "Settings.h"
 #include "ShellPageFactory.h"
 #include "ShellTestSupport.h"
-#include "SqlDayWriter.h"
+#include "SqlLogWriter.h"
 #include "StoredDays.h"
 #include "StrengthLogPage.h"
 #include "resource.h"
@@ -22,8 +22,8 @@
 namespace {
 const QDate kToday(2024, 3, 14);
 
-SqlDayWriter::Prop text(int number, const QString& value) {
-    return SqlDayWriter::text(number, value);
+SqlLogWriter::Prop text(int number, const QString& value) {
+    return SqlLogWriter::text(number, value);
 }
 
 class OverviewPagesTest : public ShellTest {
@@ -55,15 +55,15 @@ protected:
     }
 
     ShellPageFactory m_pages;
-    SqlDayWriter m_sql{m_device.paths().objectStore()};
+    SqlLogWriter m_sql{m_device.paths().objectStore()};
 };
 } // namespace
 
 TEST_F(OverviewPagesTest, TodayShowsAThreeItemWorkoutAndAFourItemMealWholeAndTapsOpenThePagesOfTheirBoxes) {
-    m_sql.addDay("Kov2Aerobic", kToday, {text(701, "Rowing")});
-    m_sql.addDay("Kov2AUpperBody", kToday, {text(106, "Bench")});
-    m_sql.addDay("Kov2Food", kToday,
-                 {SqlDayWriter::mealTime(1010, 18, 0), text(1012, "Salmon"), text(1013, "Potato"),
+    m_sql.writeDay("Kov2Aerobic", kToday, {text(701, "Rowing")});
+    m_sql.writeDay("Kov2AUpperBody", kToday, {text(106, "Bench")});
+    m_sql.writeDay("Kov2Food", kToday,
+                 {SqlLogWriter::mealTime(1010, 18, 0), text(1012, "Salmon"), text(1013, "Potato"),
                   text(1014, "Asparagus"), text(1015, "Fish Oil")});
     startProgram();
     ASSERT_TRUE(waitUntil([this] { return today().workoutText() == "Rowing, Upper Body, Lower Body"; }));
@@ -87,8 +87,8 @@ TEST_F(OverviewPagesTest, TodayShowsAThreeItemWorkoutAndAFourItemMealWholeAndTap
 }
 
 TEST_F(OverviewPagesTest, TodayConvertsTheEarlierLogAtStartAndRedrawsOnItsButton) {
-    m_sql.addDay("Kov2UpperBody", QDate(2003, 5, 6), {text(106, "Bench"), text(306, "Row")});
-    m_sql.addDay("Kov2Food", kToday, {SqlDayWriter::mealTime(1010, 10, 1), text(1012, "Tuna")});
+    m_sql.writeDay("Kov2UpperBody", QDate(2003, 5, 6), {text(106, "Bench"), text(306, "Row")});
+    m_sql.writeDay("Kov2Food", kToday, {SqlLogWriter::mealTime(1010, 10, 1), text(1012, "Tuna")});
     startProgram();
     EXPECT_EQ(StoredDays(m_device.paths().objectStore()).props("Kov2BUpperBody", QDate(2003, 5, 6)), "64:64,306:31");
     EXPECT_EQ(stored("UpConv").toInt(), 1);
@@ -102,10 +102,11 @@ TEST_F(OverviewPagesTest, TodayConvertsTheEarlierLogAtStartAndRedrawsOnItsButton
 
 TEST_F(OverviewPagesTest, CalendarJumpsToTheDayOnThePageOfItsEntry) {
     const QDate both(2024, 3, 5), lower(2024, 3, 7), leading(2024, 2, 27);
-    m_sql.addDay("Kov2AUpperBody", both, {text(106, "Bench")});
-    m_sql.addDay("Kov2Aerobic", both, {text(701, "Run")});
-    m_sql.addDay("Kov2ALowerBody", lower, {text(106, "Squat")});
-    m_sql.addDay("Kov2AUpperBody", leading, {text(106, "Dips")});
+    m_sql.writeDay("Kov2AUpperBody", both, {text(106, "Bench")});
+    m_sql.writeDay("Kov2Aerobic", both, {text(701, "Run")});
+    m_sql.writeDay("Kov2BLowerBody", both, {text(306, "Calf Raises")});
+    m_sql.writeDay("Kov2ALowerBody", lower, {text(106, "Squat")});
+    m_sql.writeDay("Kov2AUpperBody", leading, {text(106, "Dips")});
     startProgram();
 
     // One entry, CkDate off: straight to the page, and only the target page moves to the day.
@@ -122,10 +123,10 @@ TEST_F(OverviewPagesTest, CalendarJumpsToTheDayOnThePageOfItsEntry) {
     QTest::mouseClick(&calendar(), Qt::LeftButton, {}, cellOf(QDate(2024, 3, 9)));
     EXPECT_EQ(tab(), 6);
 
-    // Two entries: the pop-up offers them in order; dismissed, nothing happens.
+    // More entries: the pop-up offers them in order; dismissed, nothing happens.
     QStringList shown;
     holdAndChoose(&calendar(), cellOf(both), 0, &shown);
-    EXPECT_EQ(shown, QStringList({"Upper Body", "Aerobic"}));
+    EXPECT_EQ(shown, QStringList({"Upper Body", "Lower Body", "Aerobic"}));
     EXPECT_EQ(tab(), 6);
     // With CkDate on every page moves to the day.
     setNumber(Settings::kCkDate, 1);

@@ -319,7 +319,9 @@ TEST_F(ControlTest, RatingsHaveNoChoiceAndNotesLoseThePlaceholderOnFocusAndKeepT
     QTest::keyClicks(notes, "Felt strong");
     leave();
     EXPECT_EQ(left.count(), 1);
-    EXPECT_EQ(notes->notes(), "Felt strong");
+    notes->setFocus();
+    QApplication::processEvents();
+    EXPECT_EQ(notes->notes(), "Felt strong") << "a person's notes stay on focus";
 
     // A note stored longer than a note may be is shown by its first 10000 characters, and typing
     // stops there.

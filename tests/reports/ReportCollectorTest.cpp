@@ -10,6 +10,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <tuple>
+
 namespace {
 constexpr int kI2 = 2, kUI2 = 18, kR8 = 5, kText = 31;
 constexpr int kBodyWeight = 0, kSleepQuality = 4, kOverallFeeling = 5, kWtChest = 14, kWtCalves = 22,
@@ -153,6 +156,37 @@ TEST_F(ReportCollectorTest, FoodValuesOfAnyIntegerTypeCountAndAbsentZeroOrUnchos
     // Ratings run 0-10: "no choice" and 11 give no point. Sleep quality counts only beside a feeling.
     EXPECT_EQ(points(collect(kOverallFeeling, kWeek)), QStringList({"1:10"}));
     EXPECT_EQ(points(collect(kSleepQuality, kWeek)), QStringList({"1:7", "2:1"}));
+}
+
+TEST_F(ReportCollectorTest, EachFoodAndWeightPerSetMeasureChartsItsOwnProperty) {
+    // Every food measure on one day with a value of its own, in the drop-down's order.
+    const std::tuple<int, int, double> food[] = {
+        {1002, kI2, 181},   {1003, kR8, 21.5}, {1001, kI2, 8},  {1147, kR8, 7.5}, {1153, kI2, 6},
+        {1152, kI2, 9},     {1154, kI2, 120},  {1155, kI2, 80}, {1156, kI2, 52},  {1151, kR8, 40},
+        {1150, kR8, 15.75}, {1146, kR8, 32.5}, {1148, kR8, 22}, {1149, kR8, 15}};
+    std::vector<SqlLogWriter::Prop> values;
+    for (const auto& [number, type, value] : food) {
+        values.push_back({number, type, type == kR8 ? QVariant(value) : QVariant(int(value))});
+    }
+    m_sql.writeDay(log(UserDatabase::Food), kToday, values);
+    // Set 1 of each of the twelve groups, weighing 10 more than the group's place among the measures.
+    std::map<UserDatabase, std::vector<SqlLogWriter::Prop>> sets;
+    for (int group = 0; group < 12; ++group) {
+        const int inRegion = group % 6;
+        const bool a = inRegion < 2;
+        const UserDatabase db = group < 6 ? (a ? UserDatabase::UpperA : UserDatabase::UpperB)
+                                          : (a ? UserDatabase::LowerA : UserDatabase::LowerB);
+        sets[db].push_back(SqlLogWriter::text(106 + 100 * inRegion, "Press"));
+        sets[db].push_back({108 + 100 * inRegion, kR8, 10.0 + group});
+    }
+    for (const auto& [db, props] : sets) {
+        m_sql.writeDay(log(db), kToday, props);
+    }
+    for (int measure = 0; measure < 26; ++measure) {
+        const double expected = measure < 14 ? std::get<2>(food[measure]) : 10.0 + (measure - 14);
+        EXPECT_EQ(points(collect(measure, kWeek)), QStringList{QStringLiteral("7:%1").arg(expected)})
+            << ReportMeasure::names().at(measure).toStdString();
+    }
 }
 
 TEST_F(ReportCollectorTest, AWeightPerSetIsTheChosenSetsWeightWhenItHoldsAnExercise) {

@@ -31,19 +31,6 @@ SetGrid& StrengthScreenTest::grid() const {
     return *static_cast<SetGrid*>(m_screen->mainDialog().setGrid());
 }
 
-QStringList StrengthScreenTest::rows(BodyRegion region) const {
-    QStringList texts;
-    QTreeWidget* view = list(region);
-    for (int row = 0; row < view->topLevelItemCount(); ++row) {
-        QStringList cells;
-        for (int column = 0; column < view->columnCount(); ++column) {
-            cells << view->topLevelItem(row)->text(column);
-        }
-        texts << cells.join('|');
-    }
-    return texts;
-}
-
 void StrengthScreenTest::writeSets(const QDate& day, const MuscleGroup& group, const QList<StrengthSet>& sets) {
     const bool upper = group.region() == BodyRegion::Upper;
     const StrengthRecords records(upper ? main().upperBodyADatabaseName() : main().lowerBodyADatabaseName(),

@@ -49,14 +49,8 @@ protected:
     SetGrid& grid() const;
     StoredDays stored() const { return StoredDays(m_device.paths().objectStore()); }
 
-    template <typename T> static T* control(const QWidget& parent, int id) {
-        auto* found = parent.findChild<T*>(QStringLiteral("c%1").arg(id));
-        EXPECT_NE(found, nullptr) << "no control " << id;
-        return found;
-    }
     QTreeWidget* list(BodyRegion region) const { return control<QTreeWidget>(page(region), IDC_STRENGTH_LIST); }
-    // The list's rows, each as its five texts joined by '|'.
-    QStringList rows(BodyRegion region) const;
+    QStringList rows(BodyRegion region) const { return rowTexts(list(region)); }
 
     // Writes sets of a group of day straight into the store, as an earlier visit to the grid left them.
     void writeSets(const QDate& day, const MuscleGroup& group, const QList<StrengthSet>& sets);

@@ -1,24 +1,26 @@
-#include "SqlDayWriter.h"
+#include "SqlLogWriter.h"
 
 #include "StoredDays.h"
+
+#include <QFile>
 
 #include <sqlite3.h>
 
 #include <gtest/gtest.h>
 
-SqlDayWriter::SqlDayWriter(const QString& path) {
-    if (sqlite3_open(path.toUtf8().constData(), &m_db) != SQLITE_OK) {
-        ADD_FAILURE() << "cannot open " << path.toStdString();
+SqlLogWriter::SqlLogWriter(const QString& objectStore) {
+    if (sqlite3_open(QFile::encodeName(objectStore).constData(), &m_db) != SQLITE_OK) {
+        ADD_FAILURE() << "cannot open " << objectStore.toStdString();
     }
     sqlite3_busy_timeout(m_db, 2000);
     exec("PRAGMA foreign_keys = ON");
 }
 
-SqlDayWriter::~SqlDayWriter() {
+SqlLogWriter::~SqlLogWriter() {
     sqlite3_close(m_db);
 }
 
-void SqlDayWriter::exec(const QString& sql, const QVariantList& args) {
+void SqlLogWriter::exec(const QString& sql, const QVariantList& args) {
     sqlite3_stmt* stmt = nullptr;
     if (sqlite3_prepare_v2(m_db, sql.toUtf8().constData(), -1, &stmt, nullptr) != SQLITE_OK) {
         ADD_FAILURE() << "cannot prepare " << sql.toStdString() << ": " << sqlite3_errmsg(m_db);
@@ -41,7 +43,7 @@ void SqlDayWriter::exec(const QString& sql, const QVariantList& args) {
     sqlite3_finalize(stmt);
 }
 
-qint64 SqlDayWriter::nextId() {
+qint64 SqlLogWriter::nextId() {
     sqlite3_stmt* stmt = nullptr;
     sqlite3_prepare_v2(m_db,
                        "SELECT 1 + max(coalesce((SELECT max(oid) FROM databases), 0), coalesce((SELECT max(oid) FROM "
@@ -54,7 +56,7 @@ qint64 SqlDayWriter::nextId() {
     return id;
 }
 
-qint64 SqlDayWriter::database(const QString& name) {
+qint64 SqlLogWriter::database(const QString& name, qint64 sortPropId) {
     sqlite3_stmt* stmt = nullptr;
     sqlite3_prepare_v2(m_db, "SELECT oid FROM databases WHERE name = ?", -1, &stmt, nullptr);
     const QByteArray utf8 = name.toUtf8();
@@ -66,16 +68,24 @@ qint64 SqlDayWriter::database(const QString& name) {
     }
     const qint64 id = nextId();
     exec("INSERT INTO databases (oid, name, type, sort_propid, sort_flags) VALUES (?, ?, 12345, ?, 0)",
-         {id, name, StoredDays::propId(64, kFileTime)});
+         {id, name, sortPropId});
     return id;
 }
 
-void SqlDayWriter::addDay(const QString& name, const QDate& day, const std::vector<Prop>& props) {
-    exec("BEGIN IMMEDIATE");
-    const qint64 db = database(name);
+qint64 SqlLogWriter::addRecord(qint64 database, const QVariant& key) {
     const qint64 record = nextId();
+    exec("INSERT INTO records (oid, db, sort_key) VALUES (?, ?, ?)", {record, database, key});
+    return record;
+}
+
+void SqlLogWriter::writeLog(const QString& log) {
+    database(log, StoredDays::propId(64, kFileTime));
+}
+
+void SqlLogWriter::writeDay(const QString& log, const QDate& day, const std::vector<Prop>& props) {
+    exec("BEGIN IMMEDIATE");
     const qint64 key = StoredDays::keyOf(day);
-    exec("INSERT INTO records (oid, db, sort_key) VALUES (?, ?, ?)", {record, db, key});
+    const qint64 record = addRecord(database(log, StoredDays::propId(64, kFileTime)), key);
     exec("INSERT INTO props (record, propid, value) VALUES (?, ?, ?)",
          {record, StoredDays::propId(64, kFileTime), key});
     for (const Prop& prop : props) {
@@ -85,6 +95,16 @@ void SqlDayWriter::addDay(const QString& name, const QDate& day, const std::vect
     exec("COMMIT");
 }
 
-SqlDayWriter::Prop SqlDayWriter::mealTime(int number, int hour, int minute) {
+void SqlLogWriter::writeList(const QString& list, const QStringList& items) {
+    exec("BEGIN IMMEDIATE");
+    const qint64 item = StoredDays::propId(801, kText);
+    const qint64 db = database(list, item);
+    for (const QString& text : items) {
+        exec("INSERT INTO props (record, propid, value) VALUES (?, ?, ?)", {addRecord(db, text), item, text});
+    }
+    exec("COMMIT");
+}
+
+SqlLogWriter::Prop SqlLogWriter::mealTime(int number, int hour, int minute) {
     return {number, kFileTime, StoredDays::fileTimeOf(QDate(1968, 11, 29), QTime(hour, minute, 12, 12))};
 }
