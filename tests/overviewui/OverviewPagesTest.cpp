@@ -90,7 +90,7 @@ TEST_F(OverviewPagesTest, TodayConvertsTheEarlierLogAtStartAndRedrawsOnItsButton
     m_sql.writeDay("Kov2UpperBody", QDate(2003, 5, 6), {text(106, "Bench"), text(306, "Row")});
     m_sql.writeDay("Kov2Food", kToday, {SqlLogWriter::mealTime(1010, 10, 1), text(1012, "Tuna")});
     startProgram();
-    EXPECT_EQ(StoredDays(m_device.paths().objectStore()).props("Kov2BUpperBody", QDate(2003, 5, 6)), "64:64,306:31");
+    // Converted before the page is first used (what a conversion writes is the conversion's own test).
     EXPECT_EQ(stored("UpConv").toInt(), 1);
 
     ASSERT_TRUE(waitUntil([this] { return today().nextMealText() == "Tuna"; }));
