@@ -10,7 +10,6 @@
 #include "ShellPageFactory.h"
 #include "ShellTestSupport.h"
 #include "SqlLogWriter.h"
-#include "StoredDays.h"
 #include "StrengthLogPage.h"
 #include "resource.h"
 
