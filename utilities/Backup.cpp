@@ -5,7 +5,6 @@
 #include "DbHandle.h"
 #include "RecordCopier.h"
 #include "UtilityReport.h"
-#include "VolumeTransaction.h"
 
 namespace {
 // Copies one log into a new copy of the volume: true when every record was copied. A failure has
@@ -46,25 +45,6 @@ bool copyLog(const CEGUID& volume, const BackupCopy& copy, const QString& user, 
     return RecordCopier::copyAll(source.get(), target.get(), report);
 }
 
-// Writes the six copies into the volume in one transaction: true when all of them were committed.
-bool copyLogs(const CEGUID& volume, const QString& user, UtilityReport& report) {
-    VolumeTransaction transaction(volume);
-    if (!transaction.isActive()) {
-        report.message(RecordCopier::kDataAccessError);
-        return false;
-    }
-    for (const BackupCopy& copy : BackupFile::backupOrder()) {
-        if (!copyLog(volume, copy, user, report)) {
-            return false;
-        }
-        report.stepProgress();
-    }
-    if (!transaction.commit()) {
-        report.message(RecordCopier::kDataAccessError);
-        return false;
-    }
-    return true;
-}
 } // namespace
 
 bool Backup::run(const QString& user, UtilityReport& report) {
@@ -82,7 +62,9 @@ bool Backup::run(const QString& user, UtilityReport& report) {
         report.status(QStringLiteral("Error mounting database file"));
         return false;
     }
-    const bool copied = copyLogs(volume, user, report);
+    const bool copied = RecordCopier::eachInOneTransaction(
+        volume, BackupFile::backupOrder(),
+        [&](const BackupCopy& copy) { return copyLog(volume, copy, user, report); }, report);
     CeUnmountDBVol(&volume);
     if (!copied) {
         BackupFile::discard(partial);

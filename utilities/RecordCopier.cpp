@@ -3,6 +3,7 @@
 #include "CeDatabaseEx.h"
 #include "RecordLimits.h"
 #include "UtilityReport.h"
+#include "VolumeTransaction.h"
 
 #include <vector>
 
@@ -42,4 +43,25 @@ bool RecordCopier::readAll(HANDLE from, UtilityReport& report) {
 
 QString RecordCopier::overLimits(const QString& source, const QString& reason) {
     return QStringLiteral("%1 holds a record larger than Kovalin keeps (%2). Nothing was changed.").arg(source, reason);
+}
+
+bool RecordCopier::eachInOneTransaction(const CEGUID& volume, const std::array<BackupCopy, kUserDatabaseCount>& order,
+                                        const std::function<bool(const BackupCopy&)>& copyLog,
+                                        UtilityReport& report) {
+    VolumeTransaction transaction(volume);
+    if (!transaction.isActive()) {
+        report.message(kDataAccessError);
+        return false;
+    }
+    for (const BackupCopy& copy : order) {
+        if (!copyLog(copy)) {
+            return false;
+        }
+        report.stepProgress();
+    }
+    if (!transaction.commit()) {
+        report.message(kDataAccessError);
+        return false;
+    }
+    return true;
 }

@@ -2,7 +2,10 @@
 // The copy loop of backup and restore: every record of one database, all its properties, read in
 // the database's order and written as new records of another.
 
+#include "BackupFile.h"
 #include "CeDatabase.h"
+
+#include <functional>
 
 class UtilityReport;
 
@@ -19,6 +22,12 @@ public:
     // record can be read and keeps RecordLimits. A record over the limits is told in a message box
     // that says why, a read that fails as "Data access error"; either ends the reading, false then.
     static bool readAll(HANDLE from, UtilityReport& report);
+    // Runs copyLog for each copy of order in one transaction of volume, stepping the progress bar after
+    // each: true when every log was copied and the transaction committed. copyLog tells its own
+    // failures; a transaction that cannot begin or commit shows "Data access error". Nothing is kept
+    // of a run that stops.
+    static bool eachInOneTransaction(const CEGUID& volume, const std::array<BackupCopy, kUserDatabaseCount>& order,
+                                     const std::function<bool(const BackupCopy&)>& copyLog, UtilityReport& report);
     // The message for data from outside (source: "The backup") holding a record that breaks the
     // limits; reason as RecordLimits::check gives it.
     static QString overLimits(const QString& source, const QString& reason);

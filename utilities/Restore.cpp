@@ -1,12 +1,12 @@
 #include "Restore.h"
 
 #include "BackupFile.h"
+#include "CeDatabaseEx.h"
 #include "DayKey.h"
 #include "DbHandle.h"
 #include "RecordCopier.h"
 #include "RecordDatabase.h"
 #include "UtilityReport.h"
-#include "VolumeTransaction.h"
 
 namespace {
 const QString kErrorOpeningBackup = QStringLiteral("Error opening backup volume");
@@ -63,26 +63,6 @@ bool restoreLog(const CEGUID& volume, const BackupCopy& copy, const QString& use
     return RecordCopier::copyAll(source.get(), target.get(), report);
 }
 
-// Replaces the six logs in one transaction of the object store: all of them, or none.
-bool restoreLogs(const CEGUID& volume, const QString& user, UtilityReport& report) {
-    VolumeTransaction transaction;
-    if (!transaction.isActive()) {
-        report.message(RecordCopier::kDataAccessError);
-        return false;
-    }
-    for (const BackupCopy& copy : BackupFile::restoreOrder()) {
-        if (!restoreLog(volume, copy, user, report)) {
-            return false;
-        }
-        report.stepProgress();
-    }
-    if (!transaction.commit()) {
-        report.message(RecordCopier::kDataAccessError);
-        return false;
-    }
-    return true;
-}
-
 // Tells why the file could not be mounted: missing, or there but not a backup that can be read.
 void reportMountFailure(const QString& user, DWORD error, UtilityReport& report) {
     const QString file = BackupFile::userFileName(user) + QStringLiteral(".kov");
@@ -117,7 +97,13 @@ bool Restore::run(const QString& user, UtilityReport& report) {
         reportMountFailure(user, GetLastError(), report);
         return false;
     }
-    const bool restored = backupIsWhole(volume, report) && restoreLogs(volume, user, report);
+    CEGUID objectStore;
+    CREATE_SYSTEMGUID(&objectStore);
+    // The six logs are replaced in one transaction of the object store: all of them, or none.
+    const bool restored = backupIsWhole(volume, report) &&
+                          RecordCopier::eachInOneTransaction(
+                              objectStore, BackupFile::restoreOrder(),
+                              [&](const BackupCopy& copy) { return restoreLog(volume, copy, user, report); }, report);
     CeUnmountDBVol(&volume);
     if (!restored) {
         return false;
