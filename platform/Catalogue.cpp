@@ -121,7 +121,7 @@ DWORD Catalogue::remove(CEOID oid) {
     if (statement == nullptr || props == nullptr || records == nullptr) {
         return ERROR_BADDB;
     }
-    return m_volume.transaction([&] {
+    return m_volume.bulkTransaction([&] {
         DWORD error = ERROR_SUCCESS;
         for (SqlStatement* step : {props, records, statement}) {
             SqlStatement::Scope scope(*step);

@@ -210,7 +210,7 @@ DWORD DatabaseHandle::copyTo(DatabaseHandle& to, DWORD count, DWORD* copied) {
     const State state = m_state;
     const Position position = m_position;
     const Volume::ReadPoint foundAt = m_foundAt;
-    const DWORD error = to.volume()->transaction([&] {
+    const DWORD error = to.volume()->bulkTransaction([&] {
         RecordCopy copy(*volume(), *to.volume(), to.m_info);
         for (; *copied < count; ++*copied) {
             int rows = 0;

@@ -380,16 +380,20 @@ void Volume::releaseRead() {
     }
 }
 
-DWORD Volume::begin() {
+DWORD Volume::begin(bool bulk) {
     if (m_operation) {
-        return operationAlive() ? execute(kSavepoint) : ERROR_TRANSACTION_ALREADY_ABORTED;
+        if (!operationAlive() || m_operationSpoilt) {
+            return ERROR_TRANSACTION_ALREADY_ABORTED;
+        }
+        m_changesBeforeCall = sqlite3_total_changes64(m_db);
+        return bulk ? ERROR_SUCCESS : execute(kSavepoint);
     }
     releaseRead();
     ++m_transactions;
     return execute(kBegin);
 }
 
-DWORD Volume::end(DWORD error) {
+DWORD Volume::end(DWORD error, bool bulk) {
     if (!m_operation) {
         if (error == ERROR_SUCCESS) {
             error = commit();
@@ -402,13 +406,22 @@ DWORD Volume::end(DWORD error) {
     if (!operationAlive()) {
         return error != ERROR_SUCCESS ? error : ERROR_TRANSACTION_ALREADY_ABORTED;
     }
-    if (error == ERROR_SUCCESS) {
-        error = execute(kReleaseSavepoint);
+    if (!bulk) {
+        if (error == ERROR_SUCCESS) {
+            error = execute(kReleaseSavepoint);
+        }
+        if (error != ERROR_SUCCESS && operationAlive()) {
+            // Undoes this call only; the savepoint is then released, and the operation goes on.
+            execute(kRollbackSavepoint);
+            execute(kReleaseSavepoint);
+        }
+        return error;
     }
-    if (error != ERROR_SUCCESS && operationAlive()) {
-        // Undoes this call only; the savepoint is then released, and the operation goes on.
-        execute(kRollbackSavepoint);
-        execute(kReleaseSavepoint);
+    // A bulk call has no savepoint of its own (it would copy every page the call touches, thousands
+    // for a log's deletion or copy): one that failed after changing something spoils the operation,
+    // which can then only be rolled back.
+    if (error != ERROR_SUCCESS && sqlite3_total_changes64(m_db) != m_changesBeforeCall) {
+        m_operationSpoilt = true;
     }
     return error;
 }
@@ -417,8 +430,9 @@ DWORD Volume::beginOperation() {
     if (m_operation) {
         return ERROR_TRANSACTION_REQUEST_NOT_VALID;
     }
-    const DWORD error = begin();
+    const DWORD error = begin(false);
     m_operation = error == ERROR_SUCCESS;
+    m_operationSpoilt = false;
     return error;
 }
 
@@ -426,7 +440,7 @@ DWORD Volume::endOperation(bool commit) {
     if (!m_operation) {
         return ERROR_TRANSACTION_NOT_ACTIVE;
     }
-    const bool alive = operationAlive();
+    const bool alive = operationAlive() && !m_operationSpoilt;
     m_operation = false;
     DWORD error = alive ? ERROR_SUCCESS : ERROR_TRANSACTION_ALREADY_ABORTED;
     if (commit && alive) {

@@ -45,11 +45,21 @@ public:
     // it is a savepoint of that transaction: work still happens whole or not at all, and becomes
     // durable when the operation commits.
     template <typename Work> DWORD transaction(Work&& work) {
-        DWORD error = begin();
+        DWORD error = begin(false);
         if (error != ERROR_SUCCESS) {
             return error;
         }
-        return end(work());
+        return end(work(), false);
+    }
+    // The same for work that changes many pages (a database's deletion, a batch of copied records):
+    // inside an operation it takes no savepoint, and when it fails after changing something the
+    // operation is spoilt: its commit is refused and everything is rolled back.
+    template <typename Work> DWORD bulkTransaction(Work&& work) {
+        DWORD error = begin(true);
+        if (error != ERROR_SUCCESS) {
+            return error;
+        }
+        return end(work(), true);
     }
 
     // The operation's transaction, begun and ended by the caller: every write until the end is one
@@ -95,10 +105,10 @@ private:
     static std::unique_ptr<Volume> mountReadOnly(const QString& path, Role role, DWORD* error);
     // Completes a volume that passed inspection (blank: writes its schema) and takes it in use.
     DWORD accept(bool blank);
-    DWORD begin();
+    DWORD begin(bool bulk);
     // Ends what begin() began: commits when error is ERROR_SUCCESS, rolls back otherwise, and returns
     // error or the commit's.
-    DWORD end(DWORD error);
+    DWORD end(DWORD error, bool bulk);
     DWORD execute(const char* sql);
     DWORD commit();
     void rollback();
@@ -120,6 +130,9 @@ private:
     // An operation's transaction is open (beginOperation): writes are savepoints of it, and no read
     // transaction of the handles' is begun or ended meanwhile.
     bool m_operation = false;
+    // A bulk call inside the operation failed half-way: the operation's commit is refused.
+    bool m_operationSpoilt = false;
+    std::int64_t m_changesBeforeCall = 0;
     // Counts the transactions begun, so that each is told from the one before.
     std::uint64_t m_transactions = 0;
 };
