@@ -27,14 +27,14 @@ BOOL CeEndTransaction(const CEGUID* guid, BOOL commit) {
     return finish(volume != nullptr ? volume->endOperation(commit != FALSE) : ERROR_INVALID_PARAMETER);
 }
 
-BOOL CeCopyRecords(HANDLE from, HANDLE to, DWORD count, DWORD* copied) {
+BOOL CeCopyRecords(HANDLE from, HANDLE to, DWORD count, DWORD* copied, const CeRecordCheck& accept) {
     DatabaseHandle* source = liveDatabase(from);
     DatabaseHandle* target = liveDatabase(to);
     if (source == nullptr || target == nullptr) {
         return finish(ERROR_INVALID_HANDLE);
     }
     DWORD done = 0;
-    const DWORD error = copied != nullptr ? source->copyTo(*target, count, &done) : ERROR_INVALID_PARAMETER;
+    const DWORD error = copied != nullptr ? source->copyTo(*target, count, &done, accept) : ERROR_INVALID_PARAMETER;
     if (copied != nullptr) {
         *copied = done;
     }

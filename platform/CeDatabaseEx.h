@@ -12,6 +12,9 @@
 
 #include "CeDatabase.h"
 
+#include <functional>
+#include <vector>
+
 // The codes the system gives for a transaction used out of turn.
 constexpr DWORD ERROR_TRANSACTION_NOT_ACTIVE = 6701;        // ended, or never begun
 constexpr DWORD ERROR_TRANSACTION_REQUEST_NOT_VALID = 6702; // begun while one is open: none nests
@@ -38,5 +41,7 @@ constexpr DWORD CEDB_MOUNT_READONLY = 0x00010000;
 // value on the way. from's pointer moves on past the records copied. *copied says how many: fewer
 // than count when from ran out. FALSE with the error a read or write would give (ERROR_INVALID_DATA
 // for a stored value that a read refuses), and then nothing of this call is kept and from's pointer
-// stays where it was.
-BOOL CeCopyRecords(HANDLE from, HANDLE to, DWORD count, DWORD* copied);
+// stays where it was. accept, when given, is shown each record's properties as a read gives them
+// before the record is kept; a record it refuses fails the call as an unreadable one does.
+using CeRecordCheck = std::function<bool(const std::vector<CEPROPVAL>&)>;
+BOOL CeCopyRecords(HANDLE from, HANDLE to, DWORD count, DWORD* copied, const CeRecordCheck& accept = {});

@@ -201,7 +201,7 @@ DWORD DatabaseHandle::write(CEOID oid, const std::vector<CEPROPVAL>& props, CEOI
     return error;
 }
 
-DWORD DatabaseHandle::copyTo(DatabaseHandle& to, DWORD count, DWORD* copied) {
+DWORD DatabaseHandle::copyTo(DatabaseHandle& to, DWORD count, DWORD* copied, const CeRecordCheck& accept) {
     *copied = 0;
     if (!m_autoIncrement || &to == this) {
         return ERROR_INVALID_PARAMETER; // the pointer would never move on
@@ -211,7 +211,7 @@ DWORD DatabaseHandle::copyTo(DatabaseHandle& to, DWORD count, DWORD* copied) {
     const Position position = m_position;
     const Volume::ReadPoint foundAt = m_foundAt;
     const DWORD error = to.volume()->bulkTransaction([&] {
-        RecordCopy copy(*volume(), *to.volume(), to.m_info);
+        RecordCopy copy(*volume(), *to.volume(), to.m_info, accept);
         for (; *copied < count; ++*copied) {
             int rows = 0;
             CEOID oid = 0;

@@ -7,6 +7,7 @@
 // it is nowhere (nothing is current).
 
 #include "CeDatabase.h"
+#include "CeDatabaseEx.h"
 #include "DatabaseInfo.h"
 #include "RecordOrder.h"
 #include "Volume.h"
@@ -33,7 +34,7 @@ public:
     DWORD deleteRecord(CEOID oid);
     // Up to count records from the current one on, copied as new records of to, moving on as reads
     // with CEDB_AUTOINCREMENT do; one transaction of to's volume. *copied < count: the end came.
-    DWORD copyTo(DatabaseHandle& to, DWORD count, DWORD* copied);
+    DWORD copyTo(DatabaseHandle& to, DWORD count, DWORD* copied, const CeRecordCheck& accept);
 
 private:
     using Position = RecordOrder::Position;

@@ -54,12 +54,18 @@ DWORD RecordCopy::copy(CEOID oid, int* rows) {
     CEOID made = 0;
     DWORD error = ERROR_SUCCESS;
     int result = SQLITE_ROW;
+    m_read.clear();
     while (error == ERROR_SUCCESS && (result = read->step()) == SQLITE_ROW) {
         const std::int64_t stored = read->columnInt(0);
         const auto propid = static_cast<CEPROPID>(stored);
         // Copied only as a read would take it; the transaction drops what was made of the record.
         if (!isKnownPropid(stored) || !PropertyCodec::isReadable(read->handle(), 1, propid)) {
             return ERROR_INVALID_DATA;
+        }
+        if (m_accept) {
+            CEPROPVAL& value = m_read.emplace_back();
+            value.propid = propid;
+            PropertyCodec::read(read->handle(), 1, propid, &value.val);
         }
         if (made == 0) {
             error = addRecord(oid, &made);
@@ -77,6 +83,9 @@ DWORD RecordCopy::copy(CEOID oid, int* rows) {
         error = flush(made);
     }
     discardPending();
+    if (error == ERROR_SUCCESS && result == SQLITE_DONE && m_accept && !m_accept(m_read)) {
+        return ERROR_INVALID_DATA;
+    }
     return error != ERROR_SUCCESS ? error : SqlStatement::errorFor(result);
 }
 

@@ -4,6 +4,7 @@
 // as a new record do, without converting any value on the way (the stored value is handed from one
 // statement to the other). Call inside a transaction of the target volume.
 
+#include "CeDatabaseEx.h"
 #include "DatabaseInfo.h"
 #include "WinTypes.h"
 
@@ -15,15 +16,16 @@ class Volume;
 
 class RecordCopy {
 public:
-    RecordCopy(Volume& from, Volume& to, const DatabaseInfo& target) : m_from(from), m_to(to), m_target(target) {}
+    RecordCopy(Volume& from, Volume& to, const DatabaseInfo& target, const CeRecordCheck& accept)
+        : m_from(from), m_to(to), m_target(target), m_accept(accept) {}
     ~RecordCopy() { discardPending(); }
     RecordCopy(const RecordCopy&) = delete;
     RecordCopy& operator=(const RecordCopy&) = delete;
 
     // Copies the properties of record oid of the source as a new record of the target. *rows is the
     // number read: 0 for a record without properties, or one that is gone (then nothing is made).
-    // ERROR_INVALID_DATA for a stored value that a read would refuse: the caller's transaction then
-    // drops what was made of the record.
+    // ERROR_INVALID_DATA for a stored value that a read would refuse, or a record the check refuses:
+    // the caller's transaction then drops what was made of the record.
     DWORD copy(CEOID oid, int* rows);
     // Makes an empty new record of the target: the copy of a record that has no properties.
     DWORD addEmpty();
@@ -50,4 +52,7 @@ private:
     Volume& m_from;
     Volume& m_to;
     const DatabaseInfo& m_target;
+    const CeRecordCheck& m_accept;
+    // The record's properties as a read gives them, for the check.
+    std::vector<CEPROPVAL> m_read;
 };

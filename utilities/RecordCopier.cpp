@@ -9,13 +9,22 @@
 
 const QString RecordCopier::kDataAccessError = QStringLiteral("Data access error");
 
-bool RecordCopier::copyAll(HANDLE from, HANDLE to, UtilityReport& report) {
+bool RecordCopier::copyAll(HANDLE from, HANDLE to, UtilityReport& report, const QString& checkedSource) {
+    // Data from outside is held to the limits record by record as it is copied.
+    QString overLimitsReason;
+    CeRecordCheck check;
+    if (!checkedSource.isEmpty()) {
+        check = [&overLimitsReason](const std::vector<CEPROPVAL>& props) {
+            overLimitsReason = RecordLimits::check(props);
+            return overLimitsReason.isEmpty();
+        };
+    }
     // In batches, so that a window stays responsive between them.
     constexpr DWORD kBatch = 256;
     for (;;) {
         DWORD copied = 0;
-        if (!CeCopyRecords(from, to, kBatch, &copied)) {
-            report.message(kDataAccessError);
+        if (!CeCopyRecords(from, to, kBatch, &copied, check)) {
+            report.message(overLimitsReason.isEmpty() ? kDataAccessError : overLimits(checkedSource, overLimitsReason));
             return false;
         }
         report.keepResponsive();
@@ -23,22 +32,6 @@ bool RecordCopier::copyAll(HANDLE from, HANDLE to, UtilityReport& report) {
             return true;
         }
     }
-}
-
-bool RecordCopier::readAll(HANDLE from, UtilityReport& report) {
-    std::vector<CEPROPVAL> props;
-    while (CeReadRecordProps(from, 0, &props) != 0) {
-        if (const QString reason = RecordLimits::check(props); !reason.isEmpty()) {
-            report.message(overLimits(QStringLiteral("The backup"), reason));
-            return false;
-        }
-        report.keepResponsive();
-    }
-    if (GetLastError() != ERROR_NO_MORE_ITEMS) {
-        report.message(kDataAccessError);
-        return false;
-    }
-    return true;
 }
 
 QString RecordCopier::overLimits(const QString& source, const QString& reason) {

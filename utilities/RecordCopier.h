@@ -17,11 +17,9 @@ public:
     // records run out, a few hundred at a time. A read that fails otherwise than at the end, or a
     // write that fails, shows "Data access error" and ends the loop; false then, with nothing of the
     // last batch kept.
-    static bool copyAll(HANDLE from, HANDLE to, UtilityReport& report);
-    // Reads each record of from (opened with CEDB_AUTOINCREMENT) without writing it: true when every
-    // record can be read and keeps RecordLimits. A record over the limits is told in a message box
-    // that says why, a read that fails as "Data access error"; either ends the reading, false then.
-    static bool readAll(HANDLE from, UtilityReport& report);
+    // With checkedSource (data from outside, "The backup"), every record must keep RecordLimits, else
+    // the copy ends with the message of overLimits instead.
+    static bool copyAll(HANDLE from, HANDLE to, UtilityReport& report, const QString& checkedSource = {});
     // Runs copyLog for each copy of order in one transaction of volume, stepping the progress bar after
     // each: true when every log was copied and the transaction committed. copyLog tells its own
     // failures; a transaction that cannot begin or commit shows "Data access error". Nothing is kept

@@ -17,22 +17,6 @@ HANDLE openCopy(const CEGUID& volume, const BackupCopy& copy) {
                             CEDB_AUTOINCREMENT);
 }
 
-// Every copy opens, and every record of each reads and keeps the limits: the file can replace the
-// logs. A failure has been told when it returns false.
-bool backupIsWhole(const CEGUID& volume, UtilityReport& report) {
-    for (const BackupCopy& copy : BackupFile::restoreOrder()) {
-        DbHandle source(openCopy(volume, copy));
-        if (!source.isOpen()) {
-            report.status(kErrorOpeningBackup);
-            return false;
-        }
-        if (!RecordCopier::readAll(source.get(), report)) {
-            return false;
-        }
-    }
-    return true;
-}
-
 // Replaces the log by the copy: true when every record was copied. A failure has been told when it
 // returns false.
 bool restoreLog(const CEGUID& volume, const BackupCopy& copy, const QString& user, UtilityReport& report) {
@@ -60,7 +44,7 @@ bool restoreLog(const CEGUID& volume, const BackupCopy& copy, const QString& use
         report.status(QStringLiteral("Error opening object store volume"));
         return false;
     }
-    return RecordCopier::copyAll(source.get(), target.get(), report);
+    return RecordCopier::copyAll(source.get(), target.get(), report, QStringLiteral("The backup"));
 }
 
 // Tells why the file could not be mounted: missing, or there but not a backup that can be read.
@@ -100,8 +84,7 @@ bool Restore::run(const QString& user, UtilityReport& report) {
     CEGUID objectStore;
     CREATE_SYSTEMGUID(&objectStore);
     // The six logs are replaced in one transaction of the object store: all of them, or none.
-    const bool restored = backupIsWhole(volume, report) &&
-                          RecordCopier::eachInOneTransaction(
+    const bool restored = RecordCopier::eachInOneTransaction(
                               objectStore, BackupFile::restoreOrder(),
                               [&](const BackupCopy& copy) { return restoreLog(volume, copy, user, report); }, report);
     CeUnmountDBVol(&volume);
