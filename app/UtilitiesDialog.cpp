@@ -180,7 +180,7 @@ void UtilitiesDialog::importHistory() {
         return;
     }
     HistoryImport::Outcome outcome;
-    running([this, &paths, &outcome] { outcome = HistoryImport(m_main.currentUserName(), paths, {}).run(); });
+    running([this, &paths, &outcome] { outcome = HistoryImport(m_main.currentUserName(), paths, {}, this).run(); });
     status(outcome.refused    ? QStringLiteral("Nothing imported.")
            : outcome.complete ? QStringLiteral("Import complete.")
                               : QStringLiteral("Imported, with rows left out."));

@@ -48,8 +48,8 @@ QString HistoryImport::knownShapes() {
         "kovaerobic.csv, kovfood.csv); and the CSV exports of FitNotes, Strong, Hevy and openScale.");
 }
 
-HistoryImport::HistoryImport(const QString& user, const QStringList& paths, Options options)
-    : m_user(user), m_paths(paths), m_options(options) {}
+HistoryImport::HistoryImport(const QString& user, const QStringList& paths, Options options, UtilityReport* report)
+    : m_user(user), m_paths(paths), m_options(options), m_report(report) {}
 
 QStringList HistoryImport::files() const {
     QStringList files;
@@ -140,7 +140,8 @@ HistoryImport::Outcome HistoryImport::run() {
     for (const QString& name : unknown) {
         m_history.problem(name, 0, QStringLiteral("is of no known shape and was not read"));
     }
-    const ImportMerge::Result result = ImportMerge(m_user, m_options.replace, m_options.dryRun).run(m_history);
+    const ImportMerge::Result result =
+        ImportMerge(m_user, m_options.replace, m_options.dryRun, m_report).run(m_history);
     outcome.refused = !result.ok;
     outcome.text = reportText(result);
     bool spoiled = false;

@@ -9,6 +9,8 @@
 #include <QString>
 #include <QStringList>
 
+class UtilityReport;
+
 class HistoryImport {
 public:
     struct Options {
@@ -27,8 +29,9 @@ public:
     // The shapes the import knows, as its refusal names them.
     static QString knownShapes();
 
-    // user: whose logs (the empty name: Default); paths: folders or files, read in the order given.
-    HistoryImport(const QString& user, const QStringList& paths, Options options);
+    // user: whose logs (the empty name: Default); paths: folders or files, read in the order given;
+    // report, when given, keeps a window painted while the import runs.
+    HistoryImport(const QString& user, const QStringList& paths, Options options, UtilityReport* report = nullptr);
     HistoryImport(const QString& user, const QString& path, Options options)
         : HistoryImport(user, QStringList{path}, options) {}
     Outcome run();
@@ -43,6 +46,7 @@ private:
     QString m_user;
     QStringList m_paths;
     Options m_options;
+    UtilityReport* m_report;
     ImportedHistory m_history;
     class TablesReader* m_tables = nullptr;
 };

@@ -8,6 +8,7 @@
 #include "NameList.h"
 #include "RecordDatabase.h"
 #include "RecordEntries.h"
+#include "UtilityReport.h"
 #include "VolumeTransaction.h"
 
 #include <optional>
@@ -141,6 +142,9 @@ bool ImportMerge::mergeLog(ImportLog log, const ImportedHistory& history, LogCou
     std::vector<CEOID> existing(which.size());
     std::vector<DbRecord> stored(which.size());
     for (const auto& [day, imported] : days) {
+        if (m_report != nullptr) {
+            m_report->keepResponsive();
+        }
         if (imported.spoiled) {
             ++counts.spoiled;
             continue;

@@ -17,6 +17,8 @@
 #include <array>
 #include <vector>
 
+class UtilityReport;
+
 class ImportMerge {
 public:
     struct LogCounts {
@@ -34,7 +36,9 @@ public:
         QString error; // why nothing was written, when !ok
     };
 
-    ImportMerge(const QString& user, bool replace, bool dryRun) : m_user(user), m_replace(replace), m_dryRun(dryRun) {}
+    // report, when given, is told between days, so that a window stays painted while a long import runs.
+    ImportMerge(const QString& user, bool replace, bool dryRun, UtilityReport* report = nullptr)
+        : m_user(user), m_replace(replace), m_dryRun(dryRun), m_report(report) {}
     Result run(const ImportedHistory& history);
 
 private:
@@ -45,5 +49,6 @@ private:
     QString m_user;
     bool m_replace;
     bool m_dryRun;
+    UtilityReport* m_report;
     QString m_error;
 };
