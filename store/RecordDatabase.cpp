@@ -1,21 +1,14 @@
 #include "RecordDatabase.h"
 
+#include "ObjectStoreGuid.h"
 #include "RecordLimits.h"
-
-namespace {
-CEGUID objectStore() {
-    CEGUID guid;
-    CREATE_SYSTEMGUID(&guid);
-    return guid;
-}
-} // namespace
 
 RecordDatabase::~RecordDatabase() {
     Close();
 }
 
 bool RecordDatabase::Exists(const QString& name) {
-    const CEGUID guid = objectStore();
+    const CEGUID guid = objectStoreGuid();
     CEOID oid = 0;
     HANDLE handle = CeOpenDatabaseEx(&guid, &oid, name, 0, 0);
     if (handle == INVALID_HANDLE_VALUE) {
@@ -26,7 +19,7 @@ bool RecordDatabase::Exists(const QString& name) {
 }
 
 bool RecordDatabase::Create(const QString& name, DWORD type, CEPROPID sortProp) {
-    const CEGUID guid = objectStore();
+    const CEGUID guid = objectStoreGuid();
     CEDBASEINFO info;
     info.szDbaseName = name;
     info.dwDbaseType = type;
@@ -37,7 +30,7 @@ bool RecordDatabase::Create(const QString& name, DWORD type, CEPROPID sortProp) 
 
 bool RecordDatabase::Open(const QString& name, CEPROPID sortProp) {
     Close();
-    const CEGUID guid = objectStore();
+    const CEGUID guid = objectStoreGuid();
     CEOID oid = 0;
     HANDLE handle = CeOpenDatabaseEx(&guid, &oid, name, sortProp, 0);
     if (handle == INVALID_HANDLE_VALUE) {
@@ -68,7 +61,7 @@ bool RecordDatabase::DeleteDatabase() {
         SetLastError(ERROR_INVALID_HANDLE);
         return false;
     }
-    const CEGUID guid = objectStore();
+    const CEGUID guid = objectStoreGuid();
     const CEOID oid = m_oid;
     Close();
     return CeDeleteDatabaseEx(&guid, oid) != FALSE;
@@ -181,7 +174,7 @@ DWORD RecordDatabase::recordCount() const {
     if (!isOpen()) {
         return 0;
     }
-    const CEGUID guid = objectStore();
+    const CEGUID guid = objectStoreGuid();
     CEOIDINFO info;
     if (!CeOidGetInfoEx(&guid, m_oid, &info) || info.wObjType != OBJTYPE_DATABASE) {
         return 0;

@@ -1,14 +1,8 @@
 #include "VolumeTransaction.h"
 
-namespace {
-CEGUID objectStore() {
-    CEGUID guid;
-    CREATE_SYSTEMGUID(&guid);
-    return guid;
-}
-} // namespace
+#include "ObjectStoreGuid.h"
 
-VolumeTransaction::VolumeTransaction() : VolumeTransaction(objectStore()) {}
+VolumeTransaction::VolumeTransaction() : VolumeTransaction(objectStoreGuid()) {}
 
 VolumeTransaction::VolumeTransaction(const CEGUID& volume) : m_volume(volume) {
     m_active = CeBeginTransaction(&m_volume) != FALSE;

@@ -2,6 +2,7 @@
 
 #include "BackupFile.h"
 #include "DayKey.h"
+#include "ObjectStoreGuid.h"
 #include "DbHandle.h"
 #include "RecordCopier.h"
 #include "UtilityReport.h"
@@ -33,8 +34,7 @@ bool copyLog(const CEGUID& volume, const BackupCopy& copy, const QString& user, 
         report.status(QStringLiteral("Error opening backup volume"));
         return false;
     }
-    CEGUID objectStore;
-    CREATE_SYSTEMGUID(&objectStore);
+    const CEGUID objectStore = objectStoreGuid();
     CEOID logOid = 0;
     DbHandle source(CeOpenDatabaseEx(&objectStore, &logOid, DatabaseCatalogue::userDatabaseName(copy.log, user),
                                      DayKey::kPropId, CEDB_AUTOINCREMENT));

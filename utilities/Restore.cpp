@@ -3,6 +3,7 @@
 #include "BackupFile.h"
 #include "CeDatabaseEx.h"
 #include "DayKey.h"
+#include "ObjectStoreGuid.h"
 #include "DbHandle.h"
 #include "RecordCopier.h"
 #include "RecordDatabase.h"
@@ -33,8 +34,7 @@ bool restoreLog(const CEGUID& volume, const BackupCopy& copy, const QString& use
             return false;
         }
     }
-    CEGUID objectStore;
-    CREATE_SYSTEMGUID(&objectStore);
+    const CEGUID objectStore = objectStoreGuid();
     CEOID oid = 0;
     DbHandle target;
     if (RecordDatabase::Create(name, RecordDatabase::kDatabaseType, DayKey::kPropId)) {
@@ -81,8 +81,7 @@ bool Restore::run(const QString& user, UtilityReport& report) {
         reportMountFailure(user, GetLastError(), report);
         return false;
     }
-    CEGUID objectStore;
-    CREATE_SYSTEMGUID(&objectStore);
+    const CEGUID objectStore = objectStoreGuid();
     // The six logs are replaced in one transaction of the object store: all of them, or none.
     const bool restored = RecordCopier::eachInOneTransaction(
                               objectStore, BackupFile::restoreOrder(),
