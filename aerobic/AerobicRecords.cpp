@@ -75,42 +75,36 @@ std::optional<AerobicDay> AerobicRecords::ShowDay(const QDate& day) const {
     return AerobicDay(day, record);
 }
 
-bool AerobicRecords::SaveExercise(const QDate& day, int slot, const AerobicExercise& exercise) const {
-    const std::optional<AerobicSlot> ids = AerobicSlot::of(slot);
-    if (!ids) {
+bool AerobicRecords::readSlotDay(int slot, const QDate& day, RecordDatabase& db, DbRecord& stored) const {
+    if (!AerobicSlot::of(slot)) {
         return fail(kErrorFindingNumber);
     }
-    RecordDatabase db;
     if (!db.Open(m_name, DayKey::kPropId)) {
         return fail(kErrorAccessingAerobic);
     }
     if (db.SeekFirstEqual(DayKey::prop(day)) == 0) {
         return fail(kRecordNotFoundError);
     }
+    return db.ReadCurrent(stored) || fail(kErrorAccessingAerobic);
+}
+
+bool AerobicRecords::SaveExercise(const QDate& day, int slot, const AerobicExercise& exercise) const {
+    RecordDatabase db;
     DbRecord stored;
-    if (!db.ReadCurrent(stored)) {
-        return fail(kErrorAccessingAerobic);
+    if (!readSlotDay(slot, day, db, stored)) {
+        return false;
     }
-    if (db.Write(exercise.toRecord(*ids).replacing(stored), db.CurrentRecordId()) == 0) {
+    if (db.Write(exercise.toRecord(*AerobicSlot::of(slot)).replacing(stored), db.CurrentRecordId()) == 0) {
         return fail(SaveFailure::text(GetLastError()));
     }
     return true;
 }
 
 bool AerobicRecords::DeleteExercise(const QDate& day, int slot) const {
-    if (!AerobicSlot::of(slot)) {
-        return fail(kErrorFindingNumber);
-    }
     RecordDatabase db;
-    if (!db.Open(m_name, DayKey::kPropId)) {
-        return fail(kErrorAccessingAerobic);
-    }
-    if (db.SeekFirstEqual(DayKey::prop(day)) == 0) {
-        return fail(kRecordNotFoundError);
-    }
     DbRecord stored;
-    if (!db.ReadCurrent(stored)) {
-        return fail(kErrorAccessingAerobic);
+    if (!readSlotDay(slot, day, db, stored)) {
+        return false;
     }
     // The properties are moved as stored, number for number, so that a moved exercise reads back
     // exactly as it was; whatever else the slot below held is removed.

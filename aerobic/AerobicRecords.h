@@ -15,7 +15,9 @@
 
 #include <optional>
 
+class DbRecord;
 class QObject;
+class RecordDatabase;
 
 class AerobicRecords {
 public:
@@ -55,6 +57,9 @@ public:
 
 private:
     bool fail(const QString& text) const;
+    // Opens the database on the day's record and reads it, for a change to slot (1-3); on a failure
+    // shows the text that says which step failed.
+    bool readSlotDay(int slot, const QDate& day, RecordDatabase& db, DbRecord& stored) const;
 
     QString m_name;
     QObject* m_owner = nullptr;

@@ -1,5 +1,7 @@
 #include "CommandLine.h"
 
+#include "DevicePaths.h"
+
 #include <QCommandLineParser>
 
 CommandLine CommandLine::parse(const QStringList& arguments) {
@@ -9,10 +11,7 @@ CommandLine CommandLine::parse(const QStringList& arguments) {
     const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")},
                                   QStringLiteral("Shows this help."));
     const QCommandLineOption version(QStringLiteral("version"), QStringLiteral("Shows the version."));
-    const QCommandLineOption device(QStringLiteral("device"),
-                                    QStringLiteral("The device folder (default: $KOVALIN_DEVICE, else the "
-                                                   "application data folder's \"device\")."),
-                                    QStringLiteral("DIR"));
+    const QCommandLineOption device = DevicePaths::option();
     const QCommandLineOption scale(
         QStringLiteral("scale"),
         QStringLiteral("Desktop pixels per device pixel, 1 to %1 (default %2).").arg(kMaxScale).arg(kDefaultScale),

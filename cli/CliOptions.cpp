@@ -1,5 +1,7 @@
 #include "CliOptions.h"
 
+#include "DevicePaths.h"
+
 #include <QCommandLineParser>
 
 const QStringList& CliOptions::commands() {
@@ -27,10 +29,7 @@ CliOptions CliOptions::parse(const QStringList& arguments) {
     const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")},
                                   QStringLiteral("Shows this help."));
     const QCommandLineOption version(QStringLiteral("version"), QStringLiteral("Shows the version."));
-    const QCommandLineOption device(QStringLiteral("device"),
-                                    QStringLiteral("The device folder (default: $KOVALIN_DEVICE, else the "
-                                                   "application data folder's \"device\")."),
-                                    QStringLiteral("DIR"));
+    const QCommandLineOption device = DevicePaths::option();
     const QCommandLineOption user(QStringLiteral("user"),
                                   QStringLiteral("The user whose logs are used (default: the last user of Kovalin)."),
                                   QStringLiteral("NAME"));

@@ -1,5 +1,6 @@
 #include "DevicePaths.h"
 
+#include <QCommandLineOption>
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -70,6 +71,13 @@ QString entryName(const QString& folder, const QString& name) {
     return name;
 }
 } // namespace
+
+QCommandLineOption DevicePaths::option() {
+    return QCommandLineOption(QStringLiteral("device"),
+                              QStringLiteral("The device folder (default: $KOVALIN_DEVICE, else the application data "
+                                             "folder's \"device\")."),
+                              QStringLiteral("DIR"));
+}
 
 QString DevicePaths::resolve(const QString& option) {
     QString folder = option;

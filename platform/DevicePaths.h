@@ -9,11 +9,15 @@
 
 #include <QString>
 
+class QCommandLineOption;
+
 class DevicePaths {
 public:
     // The device folder: option (from --device) when not empty, else $KOVALIN_DEVICE when set and
     // not empty, else QStandardPaths::AppDataLocation + "/device".
     static QString resolve(const QString& option);
+    // The --device option, the same for the window and the command-line utilities.
+    static QCommandLineOption option();
 
     explicit DevicePaths(QString root);
 
