@@ -2,15 +2,16 @@
 // openScale, checked in the store by property number and type, and the cases the samples do not show.
 
 #include "HistoryImport.h"
-#include "SqlLogs.h"
+#include "SqlReader.h"
+#include "StoredDays.h"
 #include "TestDevice.h"
-
-#include <QDir>
-#include <QFile>
+#include "VolumeFiles.h"
 
 #include <gtest/gtest.h>
 
 namespace {
+using namespace PropType;
+
 QString sample(const char* name) {
     return QString(IMPORT_SAMPLES) + "/" + name;
 }
@@ -24,9 +25,7 @@ protected:
     }
     QString file(const QString& name, const QByteArray& text) const {
         const QString path = m_device.root() + "/" + name;
-        QFile out(path);
-        EXPECT_TRUE(out.open(QIODevice::WriteOnly));
-        out.write(text);
+        VolumeFiles::writeFile(path, text);
         return path;
     }
     QVariant stored(const QString& db, const QDate& day, int number, int type) const {

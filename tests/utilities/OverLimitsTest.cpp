@@ -4,13 +4,17 @@
 #include "Backup.h"
 #include "RecordingReport.h"
 #include "Restore.h"
-#include "SqlLogs.h"
+#include "SqlLogWriter.h"
 #include "TestDevice.h"
 #include "Version1Import.h"
 
 #include <gtest/gtest.h>
 
 namespace {
+using namespace PropType;
+
+const QStringList kLogs = {"Kov2AUpperBody", "Kov2BUpperBody", "Kov2ALowerBody",
+                           "Kov2BLowerBody", "Kov2Aerobic",    "Kov2Food"};
 const QDate kDay(2024, 3, 14);
 const QString kNoteOver = "property 1132 holds a note of 10001 characters; a note holds at most 10000";
 
@@ -20,30 +24,27 @@ protected:
 
     QString logs() const {
         QStringList all;
-        for (const QString& log :
-             {"Kov2AUpperBody", "Kov2BUpperBody", "Kov2ALowerBody", "Kov2BLowerBody", "Kov2Aerobic", "Kov2Food"}) {
+        for (const QString& log : kLogs) {
             all << m_store.dump(log);
         }
         return all.join('\n');
     }
 
     TestDevice m_device;
-    SqlLogs m_store;
+    SqlLogWriter m_store;
     RecordingReport m_report;
 };
 } // namespace
 
 TEST_F(OverLimitsTest, ABackupWithANoteOverTheLimitIsNotRestored) {
-    for (const QString& log :
-         {"Kov2AUpperBody", "Kov2BUpperBody", "Kov2ALowerBody", "Kov2BLowerBody", "Kov2Aerobic", "Kov2Food"}) {
-        m_store.database(log);
-        m_store.day(log, kDay, {{1132, kText, "kept"}});
+    for (const QString& log : kLogs) {
+        m_store.writeDay(log, kDay, {{1132, kText, "kept"}});
     }
     ASSERT_TRUE(Backup::run(QString(), m_report));
-    m_store.day("Kov2Food", kDay.addDays(1), {{1132, kText, "since"}});
+    m_store.writeDay("Kov2Food", kDay.addDays(1), {{1132, kText, "since"}});
     const QString before = logs();
     // Written as anyone could write the file: the last copy restore reads holds the long note.
-    SqlLogs(m_device.paths().myDocuments() + "/Default.kov")
+    SqlLogWriter(m_device.paths().myDocuments() + "/Default.kov")
         .run("UPDATE props SET value = replace(hex(zeroblob(10001)), '00', 'x') WHERE propid = (1132 << 16) | 31 "
              "AND record IN (SELECT r.oid FROM records r JOIN databases d ON r.db = d.oid WHERE d.name = 'BkFood')");
 
@@ -56,11 +57,9 @@ TEST_F(OverLimitsTest, ABackupWithANoteOverTheLimitIsNotRestored) {
 }
 
 TEST_F(OverLimitsTest, Version1DataWithANoteOverTheLimitIsNotImported) {
-    m_store.database("KovUpperBody");
-    m_store.day("KovUpperBody", kDay, {{106, kText, "Bench"}});
-    m_store.database("KovFood");
-    m_store.day("KovFood", kDay, {{1001, kI2, 3}});
-    m_store.day("KovFood", kDay.addDays(1), {{1132, kText, QString(10001, 'x')}});
+    m_store.writeDay("KovUpperBody", kDay, {{106, kText, "Bench"}});
+    m_store.writeDay("KovFood", kDay, {{1001, kI2, 3}});
+    m_store.writeDay("KovFood", kDay.addDays(1), {{1132, kText, QString(10001, 'x')}});
 
     EXPECT_FALSE(Version1Import::run(QString(), m_report));
     EXPECT_EQ(m_report.texts(), QStringList({"status Importing...",
