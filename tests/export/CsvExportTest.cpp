@@ -1,4 +1,5 @@
 #include "CsvExport.h"
+#include "../utilities/RecordingReport.h"
 #include "SqlLogWriter.h"
 #include "StoredDays.h"
 #include "TestDevice.h"
@@ -26,24 +27,6 @@ std::vector<SqlLogWriter::Prop> props(const QVariantList& flat) {
     }
     return props;
 }
-
-// What the export tells its caller, one entry per call.
-class RecordedProgress : public ExportProgress {
-public:
-    bool answer = true;
-    QStringList events;
-    QString question;
-
-    bool confirm(const QString& text) override {
-        question = text;
-        events << "confirm";
-        return answer;
-    }
-    void status(const QString& text) override { events << "status:" + text; }
-    void progressRange(int maximum) override { events << "range:" + QString::number(maximum); }
-    void progressPosition(int position) override { events << "position:" + QString::number(position); }
-    void message(const QString& text, MessageKind) override { events << "message:" + text; }
-};
 
 // One line as the file holds it: count quoted cells, empty but for the runs of cells given from their
 // first index on, separated by commas and ended by a carriage return.
@@ -75,7 +58,7 @@ protected:
     TestDevice m_device;
     SqlLogWriter m_sql{m_device.paths().objectStore()};
     CsvExport m_export{DatabaseCatalogue::userDatabaseNames("Ann"), m_device.paths().myDocuments()};
-    RecordedProgress m_progress;
+    RecordingReport m_progress;
 };
 } // namespace
 
@@ -204,15 +187,15 @@ TEST_F(CsvExportTest, ExportTellsEachStepSkipsWhatItCannotExportAndEndsSuccessfu
 
     EXPECT_FALSE(m_export.run(m_progress));
     const QStringList upper = {
-        "status:Exporting Strength to csv...", "range:3", "position:0", "position:1", "position:2", "status:Done."};
-    EXPECT_EQ(m_progress.events,
-              QStringList({"status:Exporting...", "confirm", "status:Exporting Upper Body"}) + upper + upper +
-                  QStringList({"status:Exporting Lower Body", "status:Exporting Strength to csv...",
-                               "message:Not all databases were exported due to insufficient entries.",
-                               "status:Exporting Aerobic", "status:Exporting Aerobic to csv...",
-                               "status:Aerobic db not found.", "status:Exporting Food",
-                               "status:Exporting Food to csv...", "status:Food db not found.", "range:100",
-                               "position:100", "status:Export succcessful.", "message:Export successful!"}));
+        "status Exporting Strength to csv...", "range 0 3", "position 0", "position 1", "position 2", "status Done."};
+    EXPECT_EQ(m_progress.log,
+              QStringList({"status Exporting...", "confirm", "status Exporting Upper Body"}) + upper + upper +
+                  QStringList({"status Exporting Lower Body", "status Exporting Strength to csv...",
+                               "message Not all databases were exported due to insufficient entries.",
+                               "status Exporting Aerobic", "status Exporting Aerobic to csv...",
+                               "status Aerobic db not found.", "status Exporting Food",
+                               "status Exporting Food to csv...", "status Food db not found.", "range 0 100",
+                               "position 100", "status Export succcessful.", "message Export successful!"}));
     EXPECT_EQ(m_progress.question,
               "Copies your Kovalin data to .csv format files, which can then be copied to your desktop computer and "
               "imported into Excel or Access.  Six files will be created and placed in the My Documents folder on the "
@@ -223,11 +206,11 @@ TEST_F(CsvExportTest, ExportTellsEachStepSkipsWhatItCannotExportAndEndsSuccessfu
               QStringList({"kovlower2.csv", "kovupper.csv", "kovupper2.csv"}));
     EXPECT_EQ(file("kovlower2.csv"), "old");
 
-    RecordedProgress refusing;
+    RecordingReport refusing;
     refusing.answer = false;
     ASSERT_TRUE(QFile::remove(path("kovupper.csv")));
     EXPECT_FALSE(m_export.run(refusing));
-    EXPECT_EQ(refusing.events, QStringList({"status:Exporting...", "confirm", "status:Cancelled."}));
+    EXPECT_EQ(refusing.log, QStringList({"status Exporting...", "confirm", "status Cancelled."}));
     EXPECT_FALSE(QFile::exists(path("kovupper.csv")));
 }
 
@@ -261,12 +244,12 @@ TEST_F(CsvExportTest, AnExportWithFilesThatCannotBeWrittenIsNotCalledSuccessful)
     VolumeFiles::writeFile(m_device.paths().myDocuments(), "not a folder");
 
     EXPECT_FALSE(m_export.run(m_progress));
-    const QStringList messages = m_progress.events.filter(QRegularExpression("^message:"));
+    const QStringList messages = m_progress.log.filter(QRegularExpression("^message "));
     ASSERT_EQ(messages.size(), 5);
-    EXPECT_TRUE(messages[2].startsWith("message:\\My Documents\\kovaerobic.csv could not be created: "));
-    EXPECT_TRUE(messages[3].startsWith("message:\\My Documents\\kovfood.csv could not be created: "));
-    EXPECT_EQ(messages[4], "message:Export incomplete: 2 of the six files could not be written.");
-    EXPECT_EQ(m_progress.events.filter("Export succ"), QStringList());
+    EXPECT_TRUE(messages[2].startsWith("message \\My Documents\\kovaerobic.csv could not be created: "));
+    EXPECT_TRUE(messages[3].startsWith("message \\My Documents\\kovfood.csv could not be created: "));
+    EXPECT_EQ(messages[4], "message Export incomplete: 2 of the six files could not be written.");
+    EXPECT_EQ(m_progress.log.filter("Export succ"), QStringList());
 }
 
 TEST_F(CsvExportTest, AHalfWritesNoFileWhenEitherDatabaseHoldsFewerThanThreeRecords) {
@@ -279,10 +262,10 @@ TEST_F(CsvExportTest, AHalfWritesNoFileWhenEitherDatabaseHoldsFewerThanThreeReco
         createLog(logs[static_cast<size_t>(UserDatabase::UpperA)], a);
         createLog(logs[static_cast<size_t>(UserDatabase::UpperB)], b);
         QTemporaryDir folder;
-        RecordedProgress progress;
+        RecordingReport progress;
         EXPECT_EQ(CsvExport(logs, folder.path()).ExportStrength(BodyRegion::Upper, progress), written) << user;
         EXPECT_EQ(QFile::exists(folder.filePath("kovupper2.csv")), written) << user;
-        EXPECT_EQ(progress.events.contains("message:Not all databases were exported due to insufficient entries."),
+        EXPECT_EQ(progress.log.contains("message Not all databases were exported due to insufficient entries."),
                   !written)
             << user;
     }

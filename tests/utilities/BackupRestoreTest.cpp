@@ -1,6 +1,7 @@
 // Backup and restore on logs written with plain SQL; the backup file and the logs read back the same
 // way. Each happens whole or not at all: a backup that stops leaves the previous one in place, a
-// restore that stops leaves every log as it was.
+// restore that stops, or meets a record it cannot read or one beyond the record limits, leaves every
+// log as it was.
 
 #include "Backup.h"
 #include "FaultyVfs.h"
@@ -235,6 +236,15 @@ TEST_F(BackupRestoreTest, ADamagedBackupIsRefusedWithNothingChanged) {
          [this] { VolumeFiles::writeFile(backupPath(), QByteArray(8192, 'k')); },
          {kNotABackup, "status Error opening backup volume"}},
         {"no file", [this] { QFile::remove(backupPath()); }, {kMountMessage, "status Error opening backup volume"}},
+        {"a note over the limit in the last copy read",
+         [this] {
+             SqlLogWriter(backupPath())
+                 .run("UPDATE props SET value = replace(hex(zeroblob(10001)), '00', 'x') WHERE propid = (1132 << 16) "
+                      "| 31 AND record IN (SELECT r.oid FROM records r JOIN databases d ON r.db = d.oid WHERE d.name "
+                      "= 'BkFood')");
+         },
+         {"message The backup holds a record larger than Kovalin keeps (property 1132 holds a note of 10001 "
+          "characters; a note holds at most 10000). Nothing was changed."}},
     };
     for (const Damage& damage : damages) {
         SCOPED_TRACE(damage.what);

@@ -1,4 +1,5 @@
-// Compact, delete all data and the import of version 1 data on logs written with plain SQL.
+// Compact, delete all data and the import of version 1 data on logs written with plain SQL; version 1
+// data beyond the record limits is refused whole.
 
 #include "Compact.h"
 #include "DeleteAllData.h"
@@ -192,4 +193,17 @@ TEST_F(UtilitiesTest, Version1DaysAreSplitIntoTodaysLogsWithoutOverwritingADayWi
     EXPECT_EQ(counts.upper + counts.food, 0);
 }
 
+TEST_F(UtilitiesTest, Version1DataWithANoteOverTheLimitIsNotImported) {
+    writeDays("KovUpperBody", {{{106, kText, "Bench"}}});
+    writeDays("KovFood", {{{1001, kI2, 3}}, {{1132, kText, QString(10001, 'x')}}});
+
+    EXPECT_FALSE(Version1Import::run(QString(), m_report));
+    EXPECT_EQ(m_report.texts(), QStringList({"status Importing...",
+                                             "message The version 1 data holds a record larger than Kovalin keeps "
+                                             "(property 1132 holds a note of 10001 characters; a note holds at most "
+                                             "10000). Nothing was changed.",
+                                             "status "}));
+    EXPECT_EQ(m_store.dump("Kov2AUpperBody"), "none");
+    EXPECT_EQ(m_store.dump("Kov2Food"), "none");
+}
 } // namespace

@@ -27,22 +27,13 @@ const QStringList kTables = {"workouts.csv", "sets.csv", "aerobic.csv", "body.cs
 const QStringList kDeviceFiles = {"kovupper.csv",  "kovupper2.csv",  "kovlower.csv",
                                   "kovlower2.csv", "kovaerobic.csv", "kovfood.csv"};
 
-class AnswerYes : public ExportProgress {
-public:
-    bool confirm(const QString&) override { return true; }
-    void status(const QString&) override {}
-    void progressRange(int) override {}
-    void progressPosition(int) override {}
-    void message(const QString&, MessageKind) override {}
-};
-
 bool exportTables(const QString& user, const QString& folder) {
     RecordingReport report;
     return TablesExport(user, folder).run(report);
 }
 
 bool exportDeviceFiles(const QString& user, const QString& folder) {
-    AnswerYes progress;
+    RecordingReport progress;
     QDir().mkpath(folder);
     return CsvExport(DatabaseCatalogue::userDatabaseNames(user), folder).run(progress);
 }
