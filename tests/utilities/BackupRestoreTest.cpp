@@ -120,7 +120,6 @@ TEST_F(BackupRestoreTest, BackupCopiesEveryRecordVerbatimInDateOrderIntoSixCopie
                   .value("SELECT group_concat(name, ' ') FROM (SELECT name FROM databases ORDER "
                          "BY oid)"),
               kCopies.join(' '));
-    EXPECT_TRUE(before[1].startsWith("4194368=" + QString::number(StoredDays::keyOf(QDate(1968, 11, 29))) + " | "));
     EXPECT_EQ(m_report.log,
               QStringList({"range 0 100", "position 0", "step 20", "status Backing up...", "stepit", "stepit", "stepit",
                            "stepit", "stepit", "stepit", "message Backup complete!", "status "}));

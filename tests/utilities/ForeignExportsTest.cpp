@@ -154,7 +154,7 @@ TEST_F(ForeignImportTest, RowsBeyondWhatADayHoldsAreReportedAndLeftOut) {
     EXPECT_EQ(stored("Kov2Aerobic", day, 922, kR8), QVariant(1.5));
 }
 
-TEST_F(ForeignImportTest, AHeaderAloneADryRunAndASecondImportChangeNothing) {
+TEST_F(ForeignImportTest, AHeaderAloneAndADryRunChangeNothingNotEvenTheNameLists) {
     const QString empty = file("hevy.csv", "\"title\",\"start_time\",\"end_time\",\"exercise_title\",\"weight_lbs\","
                                            "\"reps\",\"distance_miles\",\"duration_seconds\"\n");
     HistoryImport::Outcome outcome = import(empty);
@@ -167,11 +167,4 @@ TEST_F(ForeignImportTest, AHeaderAloneADryRunAndASecondImportChangeNothing) {
     outcome = import(sample("hevy.csv"), {true, false});
     EXPECT_TRUE(outcome.text.contains("Upper body: 1 days added")) << outcome.text.toStdString();
     EXPECT_EQ(sql.value(digest), before);
-
-    import(sample("hevy.csv"));
-    const QVariant imported = sql.value(digest);
-    outcome = import(sample("hevy.csv"));
-    EXPECT_TRUE(outcome.complete);
-    EXPECT_TRUE(outcome.text.contains("Lower body: 0 days added, 0 filled, 0 replaced, 1 left as they were"));
-    EXPECT_EQ(sql.value(digest), imported);
 }

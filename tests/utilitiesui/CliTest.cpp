@@ -76,7 +76,7 @@ TEST_F(CliTest, BackupTakesTheLastUserOrTheUserNamedAndRestoreAsksFirst) {
     EXPECT_EQ(m_store.dump("Kov2FoodAnn").count("Ann was here"), 1);
 }
 
-TEST_F(CliTest, RestoreAndCompactAreRefusedWhileKovalinOrAnotherCommandRunsButBackupIsNot) {
+TEST_F(CliTest, RestoreCompactAndImportAreRefusedWhileKovalinOrAnotherCommandRunsButBackupAndADryRunAreNot) {
     DeviceLock running(m_device.paths().lockFile());
     ASSERT_EQ(running.acquire(), DWORD(ERROR_SUCCESS));
     for (const char* command : {"restore", "compact"}) {
@@ -86,7 +86,14 @@ TEST_F(CliTest, RestoreAndCompactAreRefusedWhileKovalinOrAnotherCommandRunsButBa
             run.err,
             QString("kovalin-cli: Kovalin is running on this device; close it before running %1.\n").arg(command));
     }
+    EXPECT_EQ(cli({"import", m_device.root()}).err,
+              "kovalin-cli: Kovalin is running on this device; close it before running import.\n");
+    // Backup and an import's dry run only read.
     EXPECT_EQ(cli({"backup"}).code, 0);
+    const CliResult dryRun = cli({"import", "--dry-run", m_device.root()});
+    EXPECT_EQ(dryRun.code, 1);
+    EXPECT_TRUE(dryRun.err.startsWith("kovalin-cli: ")) << dryRun.err.toStdString();
+    EXPECT_TRUE(dryRun.err.contains("holds no file Kovalin can import. Known are:"));
     // The lock as a restore of the command line holds it.
     running.describe("kovalin-cli restore");
     EXPECT_EQ(cli({"compact"}).err, "kovalin-cli: Another command (kovalin-cli restore) is running on this device; "
@@ -113,19 +120,6 @@ TEST_F(CliTest, TablesGoOutAndComeBackAndTheExitStatusSaysWhetherAllWasTaken) {
     run = cli({"--user", "Ann", "import", "--dry-run", tables});
     EXPECT_EQ(run.code, 1);
     EXPECT_TRUE(run.out.contains("body.csv line 3: water \"many\" is not a whole number")) << run.out.toStdString();
-
-    run = cli({"import", m_device.root()});
-    EXPECT_EQ(run.code, 1);
-    EXPECT_TRUE(run.err.startsWith("kovalin-cli: ")) << run.err.toStdString();
-    EXPECT_TRUE(run.err.contains("holds no file Kovalin can import. Known are:"));
-    EXPECT_EQ(cli({"import"}).code, 2);
-    EXPECT_EQ(cli({"backup", "--tables", tables}).code, 2);
-
-    DeviceLock running(m_device.paths().lockFile());
-    ASSERT_EQ(running.acquire(), DWORD(ERROR_SUCCESS));
-    EXPECT_EQ(cli({"import", tables}).err,
-              "kovalin-cli: Kovalin is running on this device; close it before running import.\n");
-    EXPECT_EQ(cli({"import", "--dry-run", tables}).code, 1); // read, and told about the bad row
 }
 
 TEST_F(CliTest, RefusalsAndUsage) {
@@ -141,7 +135,8 @@ TEST_F(CliTest, RefusalsAndUsage) {
 
     run = cli({"--device", m_device.root() + "/elsewhere", "backup"});
     EXPECT_EQ(run.code, 1);
-    EXPECT_TRUE(run.err.contains("There is no Kovalin device in"));
+    EXPECT_EQ(run.err, "kovalin-cli: There is no Kovalin device in " + m_device.root() +
+                           "/elsewhere (it has no objectstore.db).\n");
     EXPECT_FALSE(QFile::exists(m_device.root() + "/elsewhere"));
 
     run = cli({"compact"});
@@ -153,9 +148,10 @@ TEST_F(CliTest, RefusalsAndUsage) {
     EXPECT_EQ(run.code, 0);
     EXPECT_EQ(run.out, "Ann\nbob\nCarl\n");
 
-    EXPECT_EQ(cli({"frob"}).code, 2);
-    EXPECT_EQ(cli({}).code, 2);
-    EXPECT_EQ(cli({"backup", "restore"}).code, 2);
+    for (const QStringList& usage :
+         {QStringList{"frob"}, {}, {"backup", "restore"}, {"import"}, {"backup", "--tables", "folder"}}) {
+        EXPECT_EQ(cli(usage).code, 2) << usage.join(' ').toStdString();
+    }
     run = cli({"--help"});
     EXPECT_EQ(run.code, 0);
     EXPECT_TRUE(run.out.contains("users    prints the user list, one name a line"));

@@ -5,6 +5,7 @@
 #include "MessageBox.h"
 #include "ShellTestSupport.h"
 #include "SqlLogWriter.h"
+#include "VolumeFiles.h"
 #include "resource.h"
 
 #include <QFile>
@@ -30,15 +31,15 @@ protected:
         m_factory.log.clear();
     }
 
-    // Opens the dialog, presses the buttons in turn (each press returns when its operation has),
-    // runs during after the presses, and reads the status line and the bar before the dialog closes.
-    void press(const QList<int>& buttons, const std::function<void(QWidget*)>& during = {}) {
+    // Opens the dialog, runs first on it, presses the buttons in turn (each press returns when its
+    // operation has), and reads the status line and the bar before the dialog closes.
+    void press(const QList<int>& buttons, const std::function<void(UtilitiesDialog*)>& first = {}) {
         whenShown("UtilitiesDialog", [&](QWidget* dialog) {
+            if (first) {
+                first(static_cast<UtilitiesDialog*>(dialog));
+            }
             for (int id : buttons) {
                 dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(id))->click();
-            }
-            if (during) {
-                during(dialog);
             }
             m_status = dialog->findChild<QLabel*>(QStringLiteral("c%1").arg(IDC_UTIL_STATUS))->text();
             m_bar = dialog->findChild<QProgressBar*>(QStringLiteral("c%1").arg(IDC_UTIL_PROGRESS))->value();
@@ -85,8 +86,18 @@ TEST_F(UtilitiesDialogTest, RestoreRefusedAndExportRefusedSayCancelled) {
     EXPECT_FALSE(QFile::exists(backupPath()));
 }
 
-TEST_F(UtilitiesDialogTest, CompactAndHelpTellTheirResults) {
-    press({IDC_UTIL_COMPACT, IDC_UTIL_HELP});
+TEST_F(UtilitiesDialogTest, TheButtonsCarryTheirLabelsAndCompactAndHelpTellTheirResults) {
+    press({IDC_UTIL_COMPACT, IDC_UTIL_HELP}, [](UtilitiesDialog* dialog) {
+        for (const auto& [id, label] : {std::pair{IDC_UTIL_BACKUP, "Backup"},
+                                        {IDC_UTIL_RESTORE, "Restore"},
+                                        {IDC_UTIL_EXPORT, "Export"},
+                                        {IDC_UTIL_IMPORT, "Import"},
+                                        {IDC_UTIL_COMPACT, "Compact"},
+                                        {IDC_UTIL_DELETE, "Delete"},
+                                        {IDC_UTIL_HELP, "Help"}}) {
+            EXPECT_EQ(dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(id))->text(), label);
+        }
+    });
     EXPECT_EQ(m_status, "Done.");
     ASSERT_EQ(m_boxes.texts().size(), 2);
     EXPECT_EQ(m_boxes.texts()[0], "Compact complete!");
@@ -99,26 +110,20 @@ TEST_F(UtilitiesDialogTest, CompactAndHelpTellTheirResults) {
 // the report comes in a message box and the pages show what came in.
 TEST_F(UtilitiesDialogTest, ImportBringsTheChosenFilesAndShowsTheReport) {
     const QString body = m_device.root() + "/body.csv";
-    QFile file(body);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("date,water,weight,body_fat,sleep,sleep_quality,overall_feeling,systolic,diastolic,resting_heart_rate,"
-               "chest,biceps,waist,quads,calves,notes\r\n2024-03-20,,170,,,,,,,,,,,,,\r\n");
-    file.close();
+    VolumeFiles::writeFile(
+        body, "date,water,weight,body_fat,sleep,sleep_quality,overall_feeling,systolic,diastolic,"
+              "resting_heart_rate,chest,biceps,waist,quads,calves,notes\r\n2024-03-20,,170,,,,,,,,,,,,,\r\n");
     m_store.writeLog("KovUpperBody");
     QList<QStringList> choices = {{}, {body}};
+    const auto chooser = [&choices](UtilitiesDialog* dialog) {
+        dialog->setFileChooser([&choices](QWidget*) { return choices.takeFirst(); });
+    };
     m_boxes.queueAnswer(IDNO);
-    m_boxes.queueAnswer(IDNO);
-    whenShown("UtilitiesDialog", [&](QWidget* dialog) {
-        auto* utilities = static_cast<UtilitiesDialog*>(dialog);
-        utilities->setFileChooser([&choices](QWidget*) { return choices.takeFirst(); });
-        auto* import = dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDC_UTIL_IMPORT));
-        import->click();
-        m_status = dialog->findChild<QLabel*>(QStringLiteral("c%1").arg(IDC_UTIL_STATUS))->text();
-        import->click();
-        dialog->findChild<QPushButton*>("c1")->click();
-    });
-    trigger(ID_MENU_UTILITIES);
+    press({IDC_UTIL_IMPORT}, chooser);
     EXPECT_EQ(m_status, "Cancelled.");
+    m_boxes.queueAnswer(IDNO);
+    press({IDC_UTIL_IMPORT}, chooser);
+    EXPECT_EQ(m_status, "Import complete.");
     ASSERT_EQ(m_boxes.texts().size(), 3);
     EXPECT_EQ(m_boxes.texts()[0], UtilitiesDialog::kImportQuestion);
     EXPECT_TRUE(m_boxes.texts()[2].startsWith("Read Kovalin's tables: body.csv.\nUpper body: 0 days added"))
