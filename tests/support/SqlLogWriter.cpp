@@ -103,6 +103,14 @@ QString SqlLogWriter::dump(const QString& db, bool creationOrder) const {
         .toString();
 }
 
+QString SqlLogWriter::dumpAll(const QStringList& dbs, bool creationOrder) const {
+    QString all;
+    for (const QString& db : dbs) {
+        all += dump(db, creationOrder) + "\n";
+    }
+    return all;
+}
+
 QString SqlLogWriter::catalogue() const {
     return firstValue(m_db, "SELECT group_concat(name || ':' || type || ':' || ifnull(sort_propid, '-') || ':' || "
                             "sort_flags, ' ') FROM (SELECT * FROM databases ORDER BY name)")

@@ -44,6 +44,8 @@ public:
     // The records of db in sort order (or in creation order), each as its properties
     // "propid=value,..." in id order, joined by " | "; "none" when the database does not exist.
     QString dump(const QString& db, bool creationOrder = false) const;
+    // The same of each database of dbs, a line each.
+    QString dumpAll(const QStringList& dbs, bool creationOrder = false) const;
     // Every database as "name:type:sort property:sort flags", by name, joined by spaces.
     QString catalogue() const;
 

@@ -56,20 +56,7 @@ protected:
     QString backupPath(const QString& name = "Default") const {
         return m_device.paths().myDocuments() + "/" + name + ".kov";
     }
-    QStringList dumps(const SqlLogWriter& volume, const QStringList& names, bool creationOrder) const {
-        QStringList all;
-        for (const QString& name : names) {
-            all << volume.dump(name, creationOrder);
-        }
-        return all;
-    }
-    QStringList logs(const QString& user = {}) const {
-        QStringList names;
-        for (const QString& log : kLogs) {
-            names << log + user;
-        }
-        return dumps(m_store, names, false);
-    }
+    QString logs() const { return m_store.dumpAll(kLogs); }
 
     // The files of My Documents by name, each with its bytes.
     std::map<QString, QByteArray> myDocuments() const {
@@ -107,13 +94,13 @@ protected:
 
 TEST_F(BackupRestoreTest, BackupCopiesEveryRecordVerbatimInDateOrderIntoSixCopies) {
     writeLogs();
-    const QStringList before = logs();
+    const QString before = logs();
 
     ASSERT_TRUE(Backup::run(QString(), m_report));
 
     SqlLogWriter file(backupPath());
     // The copies keep the records in the order they were written: the logs' date order.
-    EXPECT_EQ(dumps(file, kCopies, true), before);
+    EXPECT_EQ(file.dumpAll(kCopies, true), before);
     EXPECT_EQ(file.catalogue(),
               "BkAerobic:0:64:0 BkFood:0:64:0 BkLowerA:0:64:0 BkLowerB:0:64:0 BkUpperA:0:64:0 BkUpperB:0:64:0");
     EXPECT_EQ(SqlReader(backupPath())
@@ -154,7 +141,7 @@ TEST_F(BackupRestoreTest, ABackupThatStopsLeavesThePreviousBackupAsItWas) {
                                const QString copy = m_device.root() + "/copy.kov";
                                QFile::remove(copy);
                                QFile::copy(backupPath(), copy);
-                               EXPECT_EQ(dumps(SqlLogWriter(copy), kCopies, true), logs());
+                               EXPECT_EQ(SqlLogWriter(copy).dumpAll(kCopies, true), logs());
                            }
                        });
 
@@ -184,12 +171,12 @@ TEST_F(BackupRestoreTest, ABackupReplacesALinkAndAStalePartialFileInsteadOfWriti
     EXPECT_EQ(VolumeFiles::readFile(elsewhere), "not the device's");
     EXPECT_FALSE(QFileInfo(backupPath()).isSymLink());
     EXPECT_EQ(QDir(m_device.paths().myDocuments()).entryList(QDir::Files | QDir::System), QStringList("Default.kov"));
-    EXPECT_EQ(dumps(SqlLogWriter(backupPath()), kCopies, true), logs());
+    EXPECT_EQ(SqlLogWriter(backupPath()).dumpAll(kCopies, true), logs());
 }
 
 TEST_F(BackupRestoreTest, RestoreGivesBackTheRecordsOfTheBackup) {
     writeLogs();
-    const QStringList before = logs();
+    const QString before = logs();
     ASSERT_TRUE(Backup::run(QString(), m_report));
     // Changed since: a day added, a log emptied, a log gone.
     m_store.writeDay("Kov2Food", kDay.addDays(1), {{1001, kI2, 4}});
@@ -211,7 +198,7 @@ TEST_F(BackupRestoreTest, ADamagedBackupIsRefusedWithNothingChanged) {
     writeLogs();
     ASSERT_TRUE(Backup::run(QString(), m_report));
     m_store.writeDay("Kov2Food", kDay.addDays(1), {{1001, kI2, 4}});
-    const QStringList before = logs();
+    const QString before = logs();
     const QByteArray whole = VolumeFiles::readFile(backupPath());
 
     struct Damage {
@@ -259,17 +246,17 @@ TEST_F(BackupRestoreTest, ADamagedBackupIsRefusedWithNothingChanged) {
 TEST_F(BackupRestoreTest, ARestoreThatStopsLeavesEveryLogAsItWasAndTheBackupUntouched) {
     writeLogs();
     ASSERT_TRUE(Backup::run(QString(), m_report));
-    const QStringList backedUp = logs();
+    const QString backedUp = logs();
     m_store.writeDay("Kov2Food", kDay.addDays(1), {{1001, kI2, 4}});
     m_store.run("DELETE FROM databases WHERE name = 'Kov2ALowerBody'");
-    const QStringList before = logs();
+    const QString before = logs();
     const QList<QByteArray> file = VolumeFiles::withCompanions(backupPath());
 
     failEachCallInTurn([this] { return Restore::run(QString(), m_report); },
                        [&](bool done) {
                            // A commit whose sync fails may have been written all the same: the logs
                            // are then wholly restored, never a mix.
-                           const QStringList now = logs();
+                           const QString now = logs();
                            EXPECT_TRUE(now == backedUp || (!done && now == before));
                        });
     // The backup is only read, even where nothing can be made (a folder that cannot be written).

@@ -4,12 +4,9 @@
 #include "CsvExport.h"
 #include "DatabaseCatalogue.h"
 #include "DeviceGenerator.h"
-#include "HistoryImport.h"
+#include "ImportTest.h"
 #include "RecordingReport.h"
-#include "SqlLogWriter.h"
 #include "TablesExport.h"
-#include "TestDevice.h"
-#include "VolumeFiles.h"
 
 #include "CeDatabase.h"
 
@@ -38,17 +35,6 @@ bool exportDeviceFiles(const QString& user, const QString& folder) {
     return CsvExport(DatabaseCatalogue::userDatabaseNames(user), folder).run(progress);
 }
 
-HistoryImport::Outcome import(const QString& user, const QString& path, HistoryImport::Options options = {}) {
-    return HistoryImport(user, path, options).run();
-}
-
-// Every property of every record of the device, for telling whether anything changed.
-QString storeDigest(const QString& objectStore) {
-    return SqlReader(objectStore)
-        .value("SELECT count(*) || ':' || total(length(CAST(value AS BLOB))) || ':' || total(propid) || ':' || "
-               "(SELECT count(*) FROM records) FROM props")
-        .toString();
-}
 } // namespace
 
 // Out to the tables and back in, out to the device's files and back in: nothing lost, byte for byte;
@@ -111,21 +97,7 @@ const QDate kDay2(2024, 3, 2);
 const QDate kDay3(2024, 3, 3);
 const QString kPlaceholder = "<Click to add Notes>";
 
-class HistoryImportTest : public ::testing::Test {
-protected:
-    HistoryImportTest() : m_store(m_device.paths().objectStore()), m_days(m_device.paths().objectStore()) {}
-
-    QString folder(const QString& name) const { return m_device.root() + "/" + name; }
-    // Writes a table of header and rows (joined by CR LF) into the folder.
-    void table(const QString& folderName, const QString& file, const QByteArray& rows) const {
-        QDir().mkpath(folder(folderName));
-        VolumeFiles::writeFile(folder(folderName) + "/" + file, rows);
-    }
-
-    TestDevice m_device;
-    SqlLogWriter m_store;
-    StoredDays m_days;
-};
+using HistoryImportTest = ImportTest;
 } // namespace
 
 // What each kind of stored value becomes in the tables, and back: quoting, CR LF, empty cells for
@@ -229,12 +201,11 @@ TEST_F(HistoryImportTest, DaysAreAddedFilledLeftOrReplacedAsTheirLogsHoldEntries
     m_store.writeDay("Kov2AUpperBody", kDay2,
                      {{102, kI2, 9}, {103, kI2, 41}, {104, kI2, 0}, {1132, kText, kPlaceholder}});
     m_store.writeDay("Kov2BUpperBody", kDay2); // a first visit: filled
-    table("in", "workouts.csv",
-          "date,region,start,elapsed,completed,notes\r\n"
-          "2024-03-01,upper,06:00,0:30:00,yes,imported\r\n"
-          "2024-03-02,upper,,0:30:00,yes,imported\r\n"
-          "2024-03-03,upper,06:00,0:30:00,yes,imported\r\n");
-    const QString before = storeDigest(m_device.paths().objectStore());
+    file("in/workouts.csv", "date,region,start,elapsed,completed,notes\r\n"
+                            "2024-03-01,upper,06:00,0:30:00,yes,imported\r\n"
+                            "2024-03-02,upper,,0:30:00,yes,imported\r\n"
+                            "2024-03-03,upper,06:00,0:30:00,yes,imported\r\n");
+    const QString before = digest();
 
     HistoryImport::Outcome outcome = import("", folder("in"), {true, false});
     EXPECT_TRUE(outcome.complete);
@@ -242,7 +213,7 @@ TEST_F(HistoryImportTest, DaysAreAddedFilledLeftOrReplacedAsTheirLogsHoldEntries
                            "2024-03-01).";
     EXPECT_TRUE(outcome.text.contains(counts)) << outcome.text.toStdString();
     EXPECT_TRUE(outcome.text.endsWith("Dry run: nothing was written."));
-    EXPECT_EQ(storeDigest(m_device.paths().objectStore()), before);
+    EXPECT_EQ(digest(), before);
 
     outcome = import("", folder("in"));
     EXPECT_TRUE(outcome.text.contains(counts)) << outcome.text.toStdString();
@@ -311,7 +282,7 @@ TEST_F(HistoryImportTest, BadInputIsReportedWithFileAndLineAndNoDayIsHalfWritten
     int n = 0;
     for (const Case& c : cases) {
         const QString name = QString("case%1").arg(++n);
-        table(name, c.file, c.text);
+        file(name + "/" + c.file, c.text);
         const QString user = name;
         const HistoryImport::Outcome outcome = import(user, folder(name));
         SCOPED_TRACE(c.problem);

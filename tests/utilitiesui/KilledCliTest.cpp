@@ -73,16 +73,8 @@ protected:
         return clock.elapsed();
     }
 
-    // Every record of the databases named, by content and in order (object ids left out).
-    static QString dumps(const QString& volume, const QStringList& names, bool creationOrder) {
-        QString all;
-        const SqlLogWriter sql(volume);
-        for (const QString& name : names) {
-            all += sql.dump(name, creationOrder) + "\n";
-        }
-        return all;
-    }
-    QString logs() const { return dumps(store(), kLogs, false); }
+    // Every record of the six logs, by content and in order (object ids left out).
+    QString logs() const { return SqlLogWriter(store()).dumpAll(kLogs); }
     // The same of the backup file, read from a copy (a reader leaves companions beside a file).
     QString backupContent() const {
         if (!QFile::exists(backup())) {
@@ -91,7 +83,7 @@ protected:
         const QString copy = m_dir.path() + "/read.kov";
         QFile::remove(copy);
         QFile::copy(backup(), copy);
-        return dumps(copy, kCopies, true);
+        return SqlLogWriter(copy).dumpAll(kCopies, true);
     }
     QStringList myDocuments() const { return QDir(device() + "/My Documents").entryList(QDir::Files); }
 
