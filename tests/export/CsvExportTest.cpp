@@ -1,4 +1,5 @@
 #include "CsvExport.h"
+#include "../utilities/RecordingReport.h"
 #include "SqlLogWriter.h"
 #include "StoredDays.h"
 #include "TestDevice.h"
@@ -15,7 +16,7 @@
 #include <tuple>
 
 namespace {
-constexpr int kI2 = 2, kUI2 = 18, kR8 = 5, kText = 31, kFileTime = 64;
+using namespace PropType;
 const QDate kReferenceDay(1968, 11, 29);
 
 // Properties given as number, type, value, number, type, value...
@@ -26,24 +27,6 @@ std::vector<SqlLogWriter::Prop> props(const QVariantList& flat) {
     }
     return props;
 }
-
-// What the export tells its caller, one entry per call.
-class RecordedProgress : public ExportProgress {
-public:
-    bool answer = true;
-    QStringList events;
-    QString question;
-
-    bool confirm(const QString& text) override {
-        question = text;
-        events << "confirm";
-        return answer;
-    }
-    void status(const QString& text) override { events << "status:" + text; }
-    void progressRange(int maximum) override { events << "range:" + QString::number(maximum); }
-    void progressPosition(int position) override { events << "position:" + QString::number(position); }
-    void message(const QString& text, MessageKind) override { events << "message:" + text; }
-};
 
 // One line as the file holds it: count quoted cells, empty but for the runs of cells given from their
 // first index on, separated by commas and ended by a carriage return.
@@ -58,10 +41,7 @@ QByteArray line(int count, const std::vector<std::pair<int, QList<QByteArray>>>&
 class CsvExportTest : public ::testing::Test {
 protected:
     QString path(const char* name) const { return m_device.paths().myDocuments() + '/' + name; }
-    QByteArray file(const char* name) const {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("missing");
-    }
+    QByteArray file(const char* name) const { return VolumeFiles::readFile(path(name)); }
     // The cells of the file's header line (no cell of a header holds a comma), and the lines after it.
     QList<QByteArray> header(const char* name) const {
         return file(name).left(file(name).indexOf("\"\r")).mid(1).replace("\",\"", "|").split('|');
@@ -71,14 +51,14 @@ protected:
     // A log holding the reference-day marker and a record keyed on each of days.
     void createLog(const QString& name, const QList<QDate>& days = {}) {
         for (const QDate& day : QList<QDate>{kReferenceDay} + days) {
-            m_sql.writeDay(name, day, {});
+            m_sql.writeDay(name, day);
         }
     }
 
     TestDevice m_device;
     SqlLogWriter m_sql{m_device.paths().objectStore()};
     CsvExport m_export{DatabaseCatalogue::userDatabaseNames("Ann"), m_device.paths().myDocuments()};
-    RecordedProgress m_progress;
+    RecordingReport m_progress;
 };
 } // namespace
 
@@ -100,11 +80,14 @@ TEST_F(CsvExportTest, BodyHalfWritesEachRecordAfterTheMarkerInDateOrderUnderThe1
                    props({306, kText, "Rows", 308, kR8, 100.25, 406, kText, "Curl"}));
 
     EXPECT_TRUE(m_export.ExportStrength(BodyRegion::Upper, m_progress));
-    const QList<QByteArray> head = header("kovupper.csv");
-    ASSERT_EQ(head.size(), 185);
-    EXPECT_EQ(head.mid(0, 6), QList<QByteArray>({"Date", "Start Time", "Elapsed Time", "Completed", "Notes", "Ex 1"}));
-    EXPECT_EQ(head.mid(98, 3), QList<QByteArray>({"Rest 19", "Intensity 19", "Ex 20"}));
-    EXPECT_EQ(head[184], "Intensity 36");
+    // The day's columns, then five for each of the 36 sets: 185 cells.
+    QList<QByteArray> head = {"Date", "Start Time", "Elapsed Time", "Completed", "Notes"};
+    for (int set = 1; set <= 36; ++set) {
+        for (const char* cell : {"Ex ", "Reps ", "Weight ", "Rest ", "Intensity "}) {
+            head << cell + QByteArray::number(set);
+        }
+    }
+    EXPECT_EQ(header("kovupper.csv"), head);
     EXPECT_EQ(header("kovupper2.csv"), head);
     EXPECT_EQ(
         records("kovupper.csv"),
@@ -204,15 +187,15 @@ TEST_F(CsvExportTest, ExportTellsEachStepSkipsWhatItCannotExportAndEndsSuccessfu
 
     EXPECT_FALSE(m_export.run(m_progress));
     const QStringList upper = {
-        "status:Exporting Strength to csv...", "range:3", "position:0", "position:1", "position:2", "status:Done."};
-    EXPECT_EQ(m_progress.events,
-              QStringList({"status:Exporting...", "confirm", "status:Exporting Upper Body"}) + upper + upper +
-                  QStringList({"status:Exporting Lower Body", "status:Exporting Strength to csv...",
-                               "message:Not all databases were exported due to insufficient entries.",
-                               "status:Exporting Aerobic", "status:Exporting Aerobic to csv...",
-                               "status:Aerobic db not found.", "status:Exporting Food",
-                               "status:Exporting Food to csv...", "status:Food db not found.", "range:100",
-                               "position:100", "status:Export succcessful.", "message:Export successful!"}));
+        "status Exporting Strength to csv...", "range 0 3", "position 0", "position 1", "position 2", "status Done."};
+    EXPECT_EQ(m_progress.log,
+              QStringList({"status Exporting...", "confirm", "status Exporting Upper Body"}) + upper + upper +
+                  QStringList({"status Exporting Lower Body", "status Exporting Strength to csv...",
+                               "message Not all databases were exported due to insufficient entries.",
+                               "status Exporting Aerobic", "status Exporting Aerobic to csv...",
+                               "status Aerobic db not found.", "status Exporting Food",
+                               "status Exporting Food to csv...", "status Food db not found.", "range 0 100",
+                               "position 100", "status Export succcessful.", "message Export successful!"}));
     EXPECT_EQ(m_progress.question,
               "Copies your Kovalin data to .csv format files, which can then be copied to your desktop computer and "
               "imported into Excel or Access.  Six files will be created and placed in the My Documents folder on the "
@@ -223,12 +206,12 @@ TEST_F(CsvExportTest, ExportTellsEachStepSkipsWhatItCannotExportAndEndsSuccessfu
               QStringList({"kovlower2.csv", "kovupper.csv", "kovupper2.csv"}));
     EXPECT_EQ(file("kovlower2.csv"), "old");
 
-    RecordedProgress refusing;
+    RecordingReport refusing;
     refusing.answer = false;
     ASSERT_TRUE(QFile::remove(path("kovupper.csv")));
     EXPECT_FALSE(m_export.run(refusing));
-    EXPECT_EQ(refusing.events, QStringList({"status:Exporting...", "confirm", "status:Cancelled."}));
-    EXPECT_EQ(file("kovupper.csv"), "missing");
+    EXPECT_EQ(refusing.log, QStringList({"status Exporting...", "confirm", "status Cancelled."}));
+    EXPECT_FALSE(QFile::exists(path("kovupper.csv")));
 }
 
 TEST_F(CsvExportTest, AFileTakesTheLinksPlaceNeverItsTarget) {
@@ -261,12 +244,12 @@ TEST_F(CsvExportTest, AnExportWithFilesThatCannotBeWrittenIsNotCalledSuccessful)
     VolumeFiles::writeFile(m_device.paths().myDocuments(), "not a folder");
 
     EXPECT_FALSE(m_export.run(m_progress));
-    const QStringList messages = m_progress.events.filter(QRegularExpression("^message:"));
+    const QStringList messages = m_progress.log.filter(QRegularExpression("^message "));
     ASSERT_EQ(messages.size(), 5);
-    EXPECT_TRUE(messages[2].startsWith("message:\\My Documents\\kovaerobic.csv could not be created: "));
-    EXPECT_TRUE(messages[3].startsWith("message:\\My Documents\\kovfood.csv could not be created: "));
-    EXPECT_EQ(messages[4], "message:Export incomplete: 2 of the six files could not be written.");
-    EXPECT_EQ(m_progress.events.filter("Export succ"), QStringList());
+    EXPECT_TRUE(messages[2].startsWith("message \\My Documents\\kovaerobic.csv could not be created: "));
+    EXPECT_TRUE(messages[3].startsWith("message \\My Documents\\kovfood.csv could not be created: "));
+    EXPECT_EQ(messages[4], "message Export incomplete: 2 of the six files could not be written.");
+    EXPECT_EQ(m_progress.log.filter("Export succ"), QStringList());
 }
 
 TEST_F(CsvExportTest, AHalfWritesNoFileWhenEitherDatabaseHoldsFewerThanThreeRecords) {
@@ -279,10 +262,10 @@ TEST_F(CsvExportTest, AHalfWritesNoFileWhenEitherDatabaseHoldsFewerThanThreeReco
         createLog(logs[static_cast<size_t>(UserDatabase::UpperA)], a);
         createLog(logs[static_cast<size_t>(UserDatabase::UpperB)], b);
         QTemporaryDir folder;
-        RecordedProgress progress;
+        RecordingReport progress;
         EXPECT_EQ(CsvExport(logs, folder.path()).ExportStrength(BodyRegion::Upper, progress), written) << user;
         EXPECT_EQ(QFile::exists(folder.filePath("kovupper2.csv")), written) << user;
-        EXPECT_EQ(progress.events.contains("message:Not all databases were exported due to insufficient entries."),
+        EXPECT_EQ(progress.log.contains("message Not all databases were exported due to insufficient entries."),
                   !written)
             << user;
     }

@@ -1,5 +1,6 @@
 #include "SqlLogWriter.h"
 
+#include "SqlReader.h"
 #include "StoredDays.h"
 
 #include <QFile>
@@ -8,9 +9,9 @@
 
 #include <gtest/gtest.h>
 
-SqlLogWriter::SqlLogWriter(const QString& objectStore) {
-    if (sqlite3_open(QFile::encodeName(objectStore).constData(), &m_db) != SQLITE_OK) {
-        ADD_FAILURE() << "cannot open " << objectStore.toStdString();
+SqlLogWriter::SqlLogWriter(const QString& volume) {
+    if (sqlite3_open(QFile::encodeName(volume).constData(), &m_db) != SQLITE_OK) {
+        ADD_FAILURE() << "cannot open " << volume.toStdString();
     }
     sqlite3_busy_timeout(m_db, 2000);
     exec("PRAGMA foreign_keys = ON");
@@ -21,50 +22,33 @@ SqlLogWriter::~SqlLogWriter() {
 }
 
 void SqlLogWriter::exec(const QString& sql, const QVariantList& args) {
-    sqlite3_stmt* stmt = nullptr;
-    if (sqlite3_prepare_v2(m_db, sql.toUtf8().constData(), -1, &stmt, nullptr) != SQLITE_OK) {
-        ADD_FAILURE() << "cannot prepare " << sql.toStdString() << ": " << sqlite3_errmsg(m_db);
-        return;
-    }
-    for (int i = 0; i < args.size(); ++i) {
-        const QVariant& arg = args.at(i);
-        if (arg.typeId() == QMetaType::QString) {
-            const QByteArray utf8 = arg.toString().toUtf8();
-            sqlite3_bind_text(stmt, i + 1, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
-        } else if (arg.typeId() == QMetaType::Double) {
-            sqlite3_bind_double(stmt, i + 1, arg.toDouble());
-        } else {
-            sqlite3_bind_int64(stmt, i + 1, arg.toLongLong());
-        }
-    }
-    if (sqlite3_step(stmt) != SQLITE_DONE) {
+    sqlite3_stmt* stmt = prepareBound(m_db, sql, args);
+    if (stmt != nullptr && sqlite3_step(stmt) != SQLITE_DONE) {
         ADD_FAILURE() << "cannot run " << sql.toStdString() << ": " << sqlite3_errmsg(m_db);
     }
     sqlite3_finalize(stmt);
 }
 
+void SqlLogWriter::run(const QString& sql) {
+    char* message = nullptr;
+    EXPECT_EQ(sqlite3_exec(m_db, sql.toUtf8().constData(), nullptr, nullptr, &message), SQLITE_OK)
+        << (message ? message : "");
+    sqlite3_free(message);
+}
+
 qint64 SqlLogWriter::nextId() {
-    sqlite3_stmt* stmt = nullptr;
-    sqlite3_prepare_v2(m_db,
-                       "SELECT 1 + max(coalesce((SELECT max(oid) FROM databases), 0), coalesce((SELECT max(oid) FROM "
-                       "records), 0), coalesce((SELECT value FROM meta WHERE name = 'last_oid'), 0))",
-                       -1, &stmt, nullptr);
-    sqlite3_step(stmt);
-    const qint64 id = sqlite3_column_int64(stmt, 0);
-    sqlite3_finalize(stmt);
+    const qint64 id = firstValue(m_db, "SELECT 1 + max(coalesce((SELECT max(oid) FROM databases), 0), coalesce((SELECT "
+                                       "max(oid) FROM records), 0), coalesce((SELECT value FROM meta WHERE name = "
+                                       "'last_oid'), 0))")
+                          .toLongLong();
     exec("INSERT OR REPLACE INTO meta (name, value) VALUES ('last_oid', ?)", {id});
     return id;
 }
 
 qint64 SqlLogWriter::database(const QString& name, qint64 sortPropId) {
-    sqlite3_stmt* stmt = nullptr;
-    sqlite3_prepare_v2(m_db, "SELECT oid FROM databases WHERE name = ?", -1, &stmt, nullptr);
-    const QByteArray utf8 = name.toUtf8();
-    sqlite3_bind_text(stmt, 1, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
-    const qint64 found = sqlite3_step(stmt) == SQLITE_ROW ? sqlite3_column_int64(stmt, 0) : 0;
-    sqlite3_finalize(stmt);
-    if (found != 0) {
-        return found;
+    const QVariant found = firstValue(m_db, "SELECT oid FROM databases WHERE name = ?", {name});
+    if (found.isValid()) {
+        return found.toLongLong();
     }
     const qint64 id = nextId();
     exec("INSERT INTO databases (oid, name, type, sort_propid, sort_flags) VALUES (?, ?, 12345, ?, 0)",
@@ -103,6 +87,34 @@ void SqlLogWriter::writeList(const QString& list, const QStringList& items) {
         exec("INSERT INTO props (record, propid, value) VALUES (?, ?, ?)", {addRecord(db, text), item, text});
     }
     exec("COMMIT");
+}
+
+QString SqlLogWriter::dump(const QString& db, bool creationOrder) const {
+    if (!firstValue(m_db, "SELECT 1 FROM databases WHERE name = ?", {db}).isValid()) {
+        return QStringLiteral("none");
+    }
+    const QString order = creationOrder ? "r.oid" : "r.sort_key IS NULL, r.sort_key, r.oid";
+    return firstValue(m_db,
+                      "SELECT ifnull(group_concat(line, ' | '), '') FROM (SELECT (SELECT group_concat(propid || '=' "
+                      "|| quote(value), ',') FROM (SELECT propid, value FROM props WHERE record = r.oid ORDER BY "
+                      "propid)) AS line FROM records r JOIN databases d ON r.db = d.oid WHERE d.name = ? ORDER BY " +
+                          order + ")",
+                      {db})
+        .toString();
+}
+
+QString SqlLogWriter::dumpAll(const QStringList& dbs, bool creationOrder) const {
+    QString all;
+    for (const QString& db : dbs) {
+        all += dump(db, creationOrder) + "\n";
+    }
+    return all;
+}
+
+QString SqlLogWriter::catalogue() const {
+    return firstValue(m_db, "SELECT group_concat(name || ':' || type || ':' || ifnull(sort_propid, '-') || ':' || "
+                            "sort_flags, ' ') FROM (SELECT * FROM databases ORDER BY name)")
+        .toString();
 }
 
 SqlLogWriter::Prop SqlLogWriter::mealTime(int number, int hour, int minute) {

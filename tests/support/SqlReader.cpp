@@ -4,8 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-sqlite3_stmt* prepare(sqlite3* db, const QString& sql, const QVariantList& args) {
+sqlite3_stmt* prepareBound(sqlite3* db, const QString& sql, const QVariantList& args) {
     sqlite3_stmt* stmt = nullptr;
     const QByteArray text = sql.toUtf8();
     if (sqlite3_prepare_v2(db, text.constData(), -1, &stmt, nullptr) != SQLITE_OK) {
@@ -17,13 +16,43 @@ sqlite3_stmt* prepare(sqlite3* db, const QString& sql, const QVariantList& args)
         if (arg.typeId() == QMetaType::QString) {
             const QByteArray utf8 = arg.toString().toUtf8();
             sqlite3_bind_text(stmt, i + 1, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
+        } else if (arg.typeId() == QMetaType::QByteArray) {
+            const QByteArray bytes = arg.toByteArray();
+            sqlite3_bind_blob(stmt, i + 1, bytes.constData(), static_cast<int>(bytes.size()), SQLITE_TRANSIENT);
+        } else if (arg.typeId() == QMetaType::Double) {
+            sqlite3_bind_double(stmt, i + 1, arg.toDouble());
         } else {
             sqlite3_bind_int64(stmt, i + 1, arg.toLongLong());
         }
     }
     return stmt;
 }
-} // namespace
+
+QVariant firstValue(sqlite3* db, const QString& sql, const QVariantList& args) {
+    sqlite3_stmt* stmt = prepareBound(db, sql, args);
+    QVariant result;
+    if (stmt != nullptr && sqlite3_step(stmt) == SQLITE_ROW) {
+        switch (sqlite3_column_type(stmt, 0)) {
+        case SQLITE_INTEGER:
+            result = static_cast<qint64>(sqlite3_column_int64(stmt, 0));
+            break;
+        case SQLITE_FLOAT:
+            result = sqlite3_column_double(stmt, 0);
+            break;
+        case SQLITE_TEXT:
+            result = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0)));
+            break;
+        case SQLITE_BLOB:
+            result = QByteArray(static_cast<const char*>(sqlite3_column_blob(stmt, 0)), sqlite3_column_bytes(stmt, 0));
+            break;
+        default:
+            result = QVariant::fromValue(nullptr);
+            break;
+        }
+    }
+    sqlite3_finalize(stmt);
+    return result;
+}
 
 SqlReader::SqlReader(const QString& path) {
     const QByteArray file = path.toUtf8();
@@ -34,26 +63,6 @@ SqlReader::SqlReader(const QString& path) {
 
 SqlReader::~SqlReader() {
     sqlite3_close(m_db);
-}
-
-QVariant SqlReader::value(const QString& sql, const QVariantList& args) const {
-    sqlite3_stmt* stmt = prepare(m_db, sql, args);
-    QVariant result;
-    if (stmt != nullptr && sqlite3_step(stmt) == SQLITE_ROW) {
-        switch (sqlite3_column_type(stmt, 0)) {
-        case SQLITE_INTEGER: result = static_cast<qint64>(sqlite3_column_int64(stmt, 0)); break;
-        case SQLITE_FLOAT: result = sqlite3_column_double(stmt, 0); break;
-        case SQLITE_TEXT:
-            result = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0)));
-            break;
-        case SQLITE_BLOB:
-            result = QByteArray(static_cast<const char*>(sqlite3_column_blob(stmt, 0)), sqlite3_column_bytes(stmt, 0));
-            break;
-        default: result = QVariant::fromValue(nullptr); break;
-        }
-    }
-    sqlite3_finalize(stmt);
-    return result;
 }
 
 QString SqlReader::typeOf(const QString& sql, const QVariantList& args) const {

@@ -8,6 +8,12 @@
 #include <QString>
 #include <QTime>
 
+// The property types (CEVT_ codes) as the file stores them; `using namespace PropType` names them
+// without a class's name before them.
+namespace PropType {
+inline constexpr int kI2 = 2, kI4 = 3, kR8 = 5, kUI2 = 18, kText = 31, kFileTime = 64, kBlob = 65;
+} // namespace PropType
+
 class StoredDays {
 public:
     explicit StoredDays(const QString& objectStore) : m_sql(objectStore) {}

@@ -1,15 +1,20 @@
-// Compact, delete all data and the import of version 1 data on logs written with plain SQL.
+// Compact, delete all data and the import of version 1 data on logs written with plain SQL; version 1
+// data beyond the record limits is refused whole.
 
 #include "Compact.h"
 #include "DeleteAllData.h"
 #include "RecordingReport.h"
-#include "SqlLogs.h"
+#include "SqlLogWriter.h"
+#include "StoredDays.h"
 #include "TestDevice.h"
 #include "Version1Import.h"
 
 #include <gtest/gtest.h>
 
 namespace {
+using namespace PropType;
+using Prop = SqlLogWriter::Prop;
+
 const QDate kFirst(2024, 3, 1);
 const QString kPlaceholder = "<Click to add Notes>";
 
@@ -18,11 +23,10 @@ protected:
     UtilitiesTest() : m_store(m_device.paths().objectStore()) {}
 
     // One day per entry of days, from kFirst on; each log starts with its marker.
-    void writeDays(const QString& log, const std::vector<std::vector<P>>& days) {
-        m_store.database(log);
-        m_store.day(log, QDate(1968, 11, 29));
+    void writeDays(const QString& log, const std::vector<std::vector<Prop>>& days) {
+        m_store.writeDay(log, QDate(1968, 11, 29));
         for (size_t i = 0; i < days.size(); ++i) {
-            m_store.day(log, kFirst.addDays(int(i)), days[i]);
+            m_store.writeDay(log, kFirst.addDays(int(i)), days[i]);
         }
     }
     // The days of log still there, as day numbers from kFirst ("m" for the marker).
@@ -38,16 +42,16 @@ protected:
     }
 
     TestDevice m_device;
-    SqlLogs m_store;
+    SqlLogWriter m_store;
     RecordingReport m_report;
 };
 
 // What a first visit writes into the A record: the start time, zeros and the placeholder.
-const std::vector<P> kFirstVisit = {
+const std::vector<Prop> kFirstVisit = {
     {102, kI2, 9}, {103, kI2, 41}, {104, kI2, 0}, {105, kUI2, 0}, {1132, kText, kPlaceholder}};
 
 TEST_F(UtilitiesTest, CompactRemovesStrengthPairsOnlyWhenNeitherRecordHoldsAnEntry) {
-    std::vector<std::vector<P>> a = {
+    std::vector<std::vector<Prop>> a = {
         kFirstVisit,                                              // 0: nothing, and nothing in B: removed
         kFirstVisit,                                              // 1: a set in B: kept
         {{1132, kText, "sore"}},                                  // 2: real notes
@@ -59,13 +63,13 @@ TEST_F(UtilitiesTest, CompactRemovesStrengthPairsOnlyWhenNeitherRecordHoldsAnEnt
         {{1132, kText, "  "}, {166, kText, "x"}},                 // 8: blank notes, a free ident: removed
         kFirstVisit,                                              // 9: removed right after 7 and 8
     };
-    std::vector<std::vector<P>> b(a.size());
+    std::vector<std::vector<Prop>> b(a.size());
     b[1] = {{661, kText, "Curl"}}; // the twelfth set of group 5
     b[7] = {{306, kText, ""}};
     writeDays("Kov2AUpperBody", a);
     writeDays("Kov2BUpperBody", b);
-    m_store.day("Kov2BUpperBody", kFirst.addDays(20));                          // a B record alone, empty
-    m_store.day("Kov2BUpperBody", kFirst.addDays(21), {{406, kText, "Press"}}); // a B record alone, with a set
+    m_store.writeDay("Kov2BUpperBody", kFirst.addDays(20));                          // a B record alone, empty
+    m_store.writeDay("Kov2BUpperBody", kFirst.addDays(21), {{406, kText, "Press"}}); // a B record alone, with a set
     writeDays("Kov2ALowerBody", {kFirstVisit, {{206, kText, "Squat"}}});
     writeDays("Kov2BLowerBody", {{}, {}});
 
@@ -115,7 +119,7 @@ TEST_F(UtilitiesTest, CompactReportsEachPartAndSkipsLogsMissingOrEmpty) {
                      "status Food db not found.", "status Done.", "message Compact complete!"}));
 
     for (const char* log : {"Kov2AUpperBody", "Kov2BUpperBody", "Kov2Aerobic", "Kov2Food"}) {
-        m_store.database(log);
+        m_store.writeLog(log);
     }
     m_report.log.clear();
     ASSERT_TRUE(Compact::run(QString(), m_report));
@@ -126,14 +130,14 @@ TEST_F(UtilitiesTest, CompactReportsEachPartAndSkipsLogsMissingOrEmpty) {
 }
 
 TEST_F(UtilitiesTest, DeleteAllDataKeepsTheCourseListTheUserListAndOtherUsersLogs) {
-    QStringList all = DeleteAllData::databases();
-    all << "KovCourseList"
-        << "KovUserList"
-        << "Kov2AUpperBodyAnn"
-        << "Kov2FoodAnn";
-    for (const QString& name : all) {
-        m_store.database(name);
-        m_store.day(name, kFirst);
+    const QStringList deleted = {
+        "Kov2AUpperBody", "Kov2BUpperBody", "Kov2ALowerBody", "Kov2BLowerBody", "Kov2Food",      "Kov2Aerobic",
+        "KovAerobicList", "KovCarbList",    "KovProList",     "KovVegList",     "KovSuppList",   "KovChestList",
+        "KovShldrList",   "KovBackList",    "KovBicepsList",  "KovTricepsList", "KovQuadsList",  "KovHamstringsList",
+        "KovCalvesList",  "KovAbsList",     "MiscUpperList",  "MiscLower1List", "MiscLower2List"};
+    for (const QString& name :
+         deleted + QStringList{"KovCourseList", "KovUserList", "Kov2AUpperBodyAnn", "Kov2FoodAnn"}) {
+        m_store.writeDay(name, kFirst);
     }
 
     ASSERT_TRUE(DeleteAllData::run(m_report));
@@ -141,13 +145,13 @@ TEST_F(UtilitiesTest, DeleteAllDataKeepsTheCourseListTheUserListAndOtherUsersLog
     EXPECT_EQ(m_store.catalogue(), "Kov2AUpperBodyAnn:12345:4194368:0 Kov2FoodAnn:12345:4194368:0 "
                                    "KovCourseList:12345:4194368:0 KovUserList:12345:4194368:0");
     EXPECT_EQ(m_store.dump("Kov2FoodAnn"), "4194368=" + QString::number(StoredDays::keyOf(kFirst)));
-    EXPECT_EQ(DeleteAllData::databases().size(), 23);
+    EXPECT_EQ(DeleteAllData::databases(), deleted);
 }
 
 TEST_F(UtilitiesTest, DeleteAllDataNeedsTheDefaultUpperBodyLog) {
-    m_store.database("Kov2AUpperBodyAnn");
-    m_store.database("KovChestList");
-    m_store.database("Kov2Food");
+    m_store.writeLog("Kov2AUpperBodyAnn");
+    m_store.writeLog("KovChestList");
+    m_store.writeLog("Kov2Food");
     EXPECT_FALSE(DeleteAllData::run(m_report));
     EXPECT_EQ(m_report.texts(), QStringList({"message Kovalin database not found"}));
     EXPECT_EQ(m_store.catalogue().count(':'), 9);
@@ -190,4 +194,17 @@ TEST_F(UtilitiesTest, Version1DaysAreSplitIntoTodaysLogsWithoutOverwritingADayWi
     EXPECT_EQ(counts.upper + counts.food, 0);
 }
 
+TEST_F(UtilitiesTest, Version1DataWithANoteOverTheLimitIsNotImported) {
+    writeDays("KovUpperBody", {{{106, kText, "Bench"}}});
+    writeDays("KovFood", {{{1001, kI2, 3}}, {{1132, kText, QString(10001, 'x')}}});
+
+    EXPECT_FALSE(Version1Import::run(QString(), m_report));
+    EXPECT_EQ(m_report.texts(), QStringList({"status Importing...",
+                                             "message The version 1 data holds a record larger than Kovalin keeps "
+                                             "(property 1132 holds a note of 10001 characters; a note holds at most "
+                                             "10000). Nothing was changed.",
+                                             "status "}));
+    EXPECT_EQ(m_store.dump("Kov2AUpperBody"), "none");
+    EXPECT_EQ(m_store.dump("Kov2Food"), "none");
+}
 } // namespace

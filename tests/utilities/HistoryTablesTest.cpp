@@ -4,11 +4,9 @@
 #include "CsvExport.h"
 #include "DatabaseCatalogue.h"
 #include "DeviceGenerator.h"
-#include "HistoryImport.h"
+#include "ImportTest.h"
 #include "RecordingReport.h"
-#include "SqlLogs.h"
 #include "TablesExport.h"
-#include "TestDevice.h"
 
 #include "CeDatabase.h"
 
@@ -19,29 +17,12 @@
 #include <gtest/gtest.h>
 
 namespace {
+using namespace PropType;
+using VolumeFiles::readFile;
+
 const QStringList kTables = {"workouts.csv", "sets.csv", "aerobic.csv", "body.csv", "meals.csv"};
 const QStringList kDeviceFiles = {"kovupper.csv",  "kovupper2.csv",  "kovlower.csv",
                                   "kovlower2.csv", "kovaerobic.csv", "kovfood.csv"};
-
-QByteArray contents(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
-}
-
-void write(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(bytes);
-}
-
-class AnswerYes : public ExportProgress {
-public:
-    bool confirm(const QString&) override { return true; }
-    void status(const QString&) override {}
-    void progressRange(int) override {}
-    void progressPosition(int) override {}
-    void message(const QString&, MessageKind) override {}
-};
 
 bool exportTables(const QString& user, const QString& folder) {
     RecordingReport report;
@@ -49,22 +30,11 @@ bool exportTables(const QString& user, const QString& folder) {
 }
 
 bool exportDeviceFiles(const QString& user, const QString& folder) {
-    AnswerYes progress;
+    RecordingReport progress;
     QDir().mkpath(folder);
     return CsvExport(DatabaseCatalogue::userDatabaseNames(user), folder).run(progress);
 }
 
-HistoryImport::Outcome import(const QString& user, const QString& path, HistoryImport::Options options = {}) {
-    return HistoryImport(user, path, options).run();
-}
-
-// Every property of every record of the device, for telling whether anything changed.
-QString storeDigest(const QString& objectStore) {
-    return SqlReader(objectStore)
-        .value("SELECT count(*) || ':' || total(length(CAST(value AS BLOB))) || ':' || total(propid) || ':' || "
-               "(SELECT count(*) FROM records) FROM props")
-        .toString();
-}
 } // namespace
 
 // Out to the tables and back in, out to the device's files and back in: nothing lost, byte for byte;
@@ -89,13 +59,13 @@ TEST(HistoryTables, RoundTripsAreByteIdenticalAndASecondImportChangesNothing) {
         << outcome.text.toStdString();
     ASSERT_TRUE(exportTables("Ann", dir.filePath("second")));
     for (const QString& table : kTables) {
-        EXPECT_EQ(contents(dir.filePath("first/" + table)), contents(dir.filePath("second/" + table)))
+        EXPECT_EQ(readFile(dir.filePath("first/" + table)), readFile(dir.filePath("second/" + table)))
             << table.toStdString();
     }
     ASSERT_TRUE(exportDeviceFiles("", dir.filePath("device-default")));
     ASSERT_TRUE(exportDeviceFiles("Ann", dir.filePath("device-ann")));
     for (const QString& file : kDeviceFiles) {
-        EXPECT_EQ(contents(dir.filePath("device-default/" + file)), contents(dir.filePath("device-ann/" + file)))
+        EXPECT_EQ(readFile(dir.filePath("device-default/" + file)), readFile(dir.filePath("device-ann/" + file)))
             << file.toStdString();
     }
 
@@ -104,7 +74,7 @@ TEST(HistoryTables, RoundTripsAreByteIdenticalAndASecondImportChangesNothing) {
     EXPECT_TRUE(outcome.complete) << outcome.text.toStdString();
     ASSERT_TRUE(exportDeviceFiles("Bob", dir.filePath("device-bob")));
     for (const QString& file : kDeviceFiles) {
-        EXPECT_EQ(contents(dir.filePath("device-default/" + file)), contents(dir.filePath("device-bob/" + file)))
+        EXPECT_EQ(readFile(dir.filePath("device-default/" + file)), readFile(dir.filePath("device-bob/" + file)))
             << file.toStdString();
     }
 
@@ -127,95 +97,77 @@ const QDate kDay2(2024, 3, 2);
 const QDate kDay3(2024, 3, 3);
 const QString kPlaceholder = "<Click to add Notes>";
 
-qint64 timeOfDay(int hour, int minute) {
-    return StoredDays::fileTimeOf(QDate(1968, 11, 29), QTime(hour, minute, 12, 12));
-}
-
-class HistoryImportTest : public ::testing::Test {
-protected:
-    HistoryImportTest() : m_store(m_device.paths().objectStore()), m_days(m_device.paths().objectStore()) {}
-
-    QString folder(const QString& name) const { return m_device.root() + "/" + name; }
-    // Writes a table of header and rows (joined by CR LF) into the folder.
-    void table(const QString& folderName, const QString& file, const QByteArray& rows) const {
-        QDir().mkpath(folder(folderName));
-        write(folder(folderName) + "/" + file, rows);
-    }
-
-    TestDevice m_device;
-    SqlLogs m_store;
-    StoredDays m_days;
-};
+using HistoryImportTest = ImportTest;
 } // namespace
 
 // What each kind of stored value becomes in the tables, and back: quoting, CR LF, empty cells for
 // what a record lacks, "none" for no choice, no text for the notes placeholder, meals in their slots.
 TEST_F(HistoryImportTest, TablesWriteEveryValueAsThePagesShowItAndReadItBack) {
     for (const QString& log : DatabaseCatalogue::userDatabaseNames("")) {
-        m_store.database(log);
-        m_store.day(log, QDate(1968, 11, 29));
+        m_store.writeDay(log, QDate(1968, 11, 29));
     }
-    m_store.day("Kov2AUpperBody", kDay1,
-                {{102, kI2, 7},
-                 {103, kI2, 5},
-                 {104, kI2, 65},
-                 {1133, kI2, 9},
-                 {105, kUI2, 1},
-                 {1132, kText, "Say \"hi\", then go"},
-                 {106, kText, "Bench Press"},
-                 {107, kText, "10"},
-                 {108, kR8, 82.5},
-                 {109, kText, "2"},
-                 {110, kI2, 7},
-                 {111, kText, ""},
-                 {112, kText, ""},
-                 {113, kR8, 0.0},
-                 {114, kText, ""},
-                 {115, kI2, 0}});
-    m_store.day("Kov2BUpperBody", kDay1,
-                {{306, kText, "Rows"}, {307, kText, "8"}, {308, kR8, 60.0}, {310, kI2, 5}, {661, kText, "Shrugs"}});
-    m_store.day("Kov2AUpperBody", kDay2, {{102, kI2, 9}, {103, kI2, 41}, {1132, kText, kPlaceholder}});
-    m_store.day("Kov2BUpperBody", kDay2);
-    m_store.day("Kov2Food", kDay1,
-                {{1001, kI2, 0},
-                 {1003, kR8, 18.25},
-                 {1152, kI2, -1},
-                 {1153, kI2, 3},
-                 {1132, kText, kPlaceholder},
-                 {1010, kFileTime, timeOfDay(7, 5)},
-                 {1012, kText, "Eggs"},
-                 {1013, kText, ""},
-                 {1014, kText, ""},
-                 {1015, kText, ""},
-                 {1022, kFileTime, timeOfDay(12, 30)},
-                 {1024, kText, "Tuna, canned"}});
-    m_store.day("Kov2Aerobic", kDay1,
-                {{801, kText, "Running"},
-                 {802, kI2, 3},
-                 {822, kR8, 5.5},
-                 {1136, kI2, 6},
-                 {1138, kI2, 30},
-                 {1140, kI2, 45},
-                 {1134, kI2, 7},
-                 {1144, kUI2, 1},
-                 {1142, kText, "Easy"}});
+    m_store.writeDay("Kov2AUpperBody", kDay1,
+                     {{102, kI2, 7},
+                      {103, kI2, 5},
+                      {104, kI2, 65},
+                      {1133, kI2, 9},
+                      {105, kUI2, 1},
+                      {1132, kText, "Say \"hi\", then go"},
+                      {106, kText, "Bench Press"},
+                      {107, kText, "10"},
+                      {108, kR8, 82.5},
+                      {109, kText, "2"},
+                      {110, kI2, 7},
+                      {111, kText, ""},
+                      {112, kText, ""},
+                      {113, kR8, 0.0},
+                      {114, kText, ""},
+                      {115, kI2, 0}});
+    m_store.writeDay(
+        "Kov2BUpperBody", kDay1,
+        {{306, kText, "Rows"}, {307, kText, "8"}, {308, kR8, 60.0}, {310, kI2, 5}, {661, kText, "Shrugs"}});
+    m_store.writeDay("Kov2AUpperBody", kDay2, {{102, kI2, 9}, {103, kI2, 41}, {1132, kText, kPlaceholder}});
+    m_store.writeDay("Kov2BUpperBody", kDay2);
+    m_store.writeDay("Kov2Food", kDay1,
+                     {{1001, kI2, 0},
+                      {1003, kR8, 18.25},
+                      {1152, kI2, -1},
+                      {1153, kI2, 3},
+                      {1132, kText, kPlaceholder},
+                      SqlLogWriter::mealTime(1010, 7, 5),
+                      {1012, kText, "Eggs"},
+                      {1013, kText, ""},
+                      {1014, kText, ""},
+                      {1015, kText, ""},
+                      SqlLogWriter::mealTime(1022, 12, 30),
+                      {1024, kText, "Tuna, canned"}});
+    m_store.writeDay("Kov2Aerobic", kDay1,
+                     {{801, kText, "Running"},
+                      {802, kI2, 3},
+                      {822, kR8, 5.5},
+                      {1136, kI2, 6},
+                      {1138, kI2, 30},
+                      {1140, kI2, 45},
+                      {1134, kI2, 7},
+                      {1144, kUI2, 1},
+                      {1142, kText, "Easy"}});
 
     ASSERT_TRUE(exportTables("", folder("first")));
-    EXPECT_EQ(contents(folder("first/workouts.csv")),
+    EXPECT_EQ(readFile(folder("first/workouts.csv")),
               "date,region,start,elapsed,completed,notes\r\n"
               "2024-03-01,upper,07:05,1:05:09,yes,\"Say \"\"hi\"\", then go\"\r\n");
-    EXPECT_EQ(contents(folder("first/sets.csv")), "date,region,group,set,exercise,reps,weight,rest,intensity\r\n"
+    EXPECT_EQ(readFile(folder("first/sets.csv")), "date,region,group,set,exercise,reps,weight,rest,intensity\r\n"
                                                   "2024-03-01,upper,Chest,1,Bench Press,10,82.5,2,7\r\n"
                                                   "2024-03-01,upper,Back,1,Rows,8,60,,5\r\n"
                                                   "2024-03-01,upper,Misc,12,Shrugs,,0,,0\r\n");
-    EXPECT_EQ(contents(folder("first/body.csv")),
+    EXPECT_EQ(readFile(folder("first/body.csv")),
               "date,water,weight,body_fat,sleep,sleep_quality,overall_feeling,systolic,diastolic,resting_heart_rate,"
               "chest,biceps,waist,quads,calves,notes\r\n"
               "2024-03-01,0,,18.25,,3,none,,,,,,,,,\r\n");
-    EXPECT_EQ(contents(folder("first/meals.csv")), "date,meal,time,protein,carbohydrate,vegetable,other\r\n"
+    EXPECT_EQ(readFile(folder("first/meals.csv")), "date,meal,time,protein,carbohydrate,vegetable,other\r\n"
                                                    "2024-03-01,1,07:05,Eggs,,,\r\n"
                                                    "2024-03-01,3,12:30,\"Tuna, canned\",,,\r\n");
-    EXPECT_EQ(contents(folder("first/aerobic.csv")),
+    EXPECT_EQ(readFile(folder("first/aerobic.csv")),
               "date,exercise_number,exercise,course,distance,heart_rate,start,elapsed,completed,notes,"
               "minute_1,minute_2,minute_3,minute_4,minute_5,minute_6,minute_7,minute_8,minute_9,minute_10,minute_11,"
               "minute_12,minute_13,minute_14,minute_15,minute_16,minute_17,minute_18,minute_19,minute_20\r\n"
@@ -226,7 +178,7 @@ TEST_F(HistoryImportTest, TablesWriteEveryValueAsThePagesShowItAndReadItBack) {
     EXPECT_TRUE(outcome.complete) << outcome.text.toStdString();
     ASSERT_TRUE(exportTables("Ann", folder("second")));
     for (const QString& file : kTables) {
-        EXPECT_EQ(contents(folder("first/" + file)), contents(folder("second/" + file))) << file.toStdString();
+        EXPECT_EQ(readFile(folder("first/" + file)), readFile(folder("second/" + file))) << file.toStdString();
     }
     // By number and type: no choice is the all-ones 16-bit value, the placeholder is back, the empty
     // slots of a group are written as the set-entry grid writes them.
@@ -242,19 +194,18 @@ TEST_F(HistoryImportTest, TablesWriteEveryValueAsThePagesShowItAndReadItBack) {
 // writes nothing.
 TEST_F(HistoryImportTest, DaysAreAddedFilledLeftOrReplacedAsTheirLogsHoldEntries) {
     for (const QString log : {"Kov2AUpperBody", "Kov2BUpperBody"}) {
-        m_store.database(log);
-        m_store.day(log, QDate(1968, 11, 29));
+        m_store.writeDay(log, QDate(1968, 11, 29));
     }
-    m_store.day("Kov2AUpperBody", kDay1, {{1132, kText, kPlaceholder}});
-    m_store.day("Kov2BUpperBody", kDay1, {{306, kText, "Rows"}}); // an entry in B alone: left
-    m_store.day("Kov2AUpperBody", kDay2, {{102, kI2, 9}, {103, kI2, 41}, {104, kI2, 0}, {1132, kText, kPlaceholder}});
-    m_store.day("Kov2BUpperBody", kDay2); // a first visit: filled
-    table("in", "workouts.csv",
-          "date,region,start,elapsed,completed,notes\r\n"
-          "2024-03-01,upper,06:00,0:30:00,yes,imported\r\n"
-          "2024-03-02,upper,,0:30:00,yes,imported\r\n"
-          "2024-03-03,upper,06:00,0:30:00,yes,imported\r\n");
-    const QString before = storeDigest(m_device.paths().objectStore());
+    m_store.writeDay("Kov2AUpperBody", kDay1, {{1132, kText, kPlaceholder}});
+    m_store.writeDay("Kov2BUpperBody", kDay1, {{306, kText, "Rows"}}); // an entry in B alone: left
+    m_store.writeDay("Kov2AUpperBody", kDay2,
+                     {{102, kI2, 9}, {103, kI2, 41}, {104, kI2, 0}, {1132, kText, kPlaceholder}});
+    m_store.writeDay("Kov2BUpperBody", kDay2); // a first visit: filled
+    file("in/workouts.csv", "date,region,start,elapsed,completed,notes\r\n"
+                            "2024-03-01,upper,06:00,0:30:00,yes,imported\r\n"
+                            "2024-03-02,upper,,0:30:00,yes,imported\r\n"
+                            "2024-03-03,upper,06:00,0:30:00,yes,imported\r\n");
+    const QString before = digest();
 
     HistoryImport::Outcome outcome = import("", folder("in"), {true, false});
     EXPECT_TRUE(outcome.complete);
@@ -262,7 +213,7 @@ TEST_F(HistoryImportTest, DaysAreAddedFilledLeftOrReplacedAsTheirLogsHoldEntries
                            "2024-03-01).";
     EXPECT_TRUE(outcome.text.contains(counts)) << outcome.text.toStdString();
     EXPECT_TRUE(outcome.text.endsWith("Dry run: nothing was written."));
-    EXPECT_EQ(storeDigest(m_device.paths().objectStore()), before);
+    EXPECT_EQ(digest(), before);
 
     outcome = import("", folder("in"));
     EXPECT_TRUE(outcome.text.contains(counts)) << outcome.text.toStdString();
@@ -331,7 +282,7 @@ TEST_F(HistoryImportTest, BadInputIsReportedWithFileAndLineAndNoDayIsHalfWritten
     int n = 0;
     for (const Case& c : cases) {
         const QString name = QString("case%1").arg(++n);
-        table(name, c.file, c.text);
+        file(name + "/" + c.file, c.text);
         const QString user = name;
         const HistoryImport::Outcome outcome = import(user, folder(name));
         SCOPED_TRACE(c.problem);
@@ -350,14 +301,13 @@ TEST_F(HistoryImportTest, BadInputIsReportedWithFileAndLineAndNoDayIsHalfWritten
 // is refused.
 TEST_F(HistoryImportTest, DeviceFilesCutShortLeaveTheirDayOut) {
     for (const QString& log : DatabaseCatalogue::userDatabaseNames("")) {
-        m_store.database(log);
-        m_store.day(log, QDate(1968, 11, 29));
+        m_store.writeDay(log, QDate(1968, 11, 29));
     }
-    m_store.day("Kov2Food", kDay1, {{1001, kI2, 4}, {1132, kText, "a, \"quoted\" note"}});
-    m_store.day("Kov2Food", kDay2, {{1001, kI2, 5}});
+    m_store.writeDay("Kov2Food", kDay1, {{1001, kI2, 4}, {1132, kText, "a, \"quoted\" note"}});
+    m_store.writeDay("Kov2Food", kDay2, {{1001, kI2, 5}});
     ASSERT_TRUE(exportDeviceFiles("", folder("device")) || QFile::exists(folder("device/kovfood.csv")));
-    QByteArray food = contents(folder("device/kovfood.csv"));
-    write(folder("device/kovfood.csv"), food.left(food.size() - 40));
+    QByteArray food = readFile(folder("device/kovfood.csv"));
+    VolumeFiles::writeFile(folder("device/kovfood.csv"), food.left(food.size() - 40));
 
     HistoryImport::Outcome outcome = import("Ann", folder("device/kovfood.csv"));
     EXPECT_FALSE(outcome.complete);

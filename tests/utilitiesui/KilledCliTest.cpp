@@ -2,8 +2,8 @@
 // a year of generated days: afterwards the logs (and the backup file) hold, by content, either the
 // state before the command or the state its full run gives, never a mix, and the next command works.
 
-#include "../utilities/SqlLogs.h"
 #include "DeviceGenerator.h"
+#include "SqlLogWriter.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <iostream>
 #include <random>
 #include <set>
@@ -44,13 +45,12 @@ protected:
     QString store() const { return device() + "/objectstore.db"; }
     QString backup() const { return device() + "/My Documents/Default.kov"; }
 
-    // Runs kovalin-cli to its end; its exit code.
-    int run(const QStringList& arguments) {
+    // Runs kovalin-cli to its end, which must be a success.
+    void run(const QStringList& arguments) {
         QProcess process;
         start(process, arguments);
         EXPECT_TRUE(process.waitForFinished(120000));
         EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
-        return process.exitCode();
     }
     // Runs kovalin-cli and kills it at a random moment within its usual time.
     void runAndKill(const QStringList& arguments, qint64 usualMs) {
@@ -74,14 +74,7 @@ protected:
     }
 
     // Every record of the six logs, by content and in order (object ids left out).
-    QString logs() const {
-        QString all;
-        const SqlLogs volume(store());
-        for (const QString& log : kLogs) {
-            all += volume.dump(log) + "\n";
-        }
-        return all;
-    }
+    QString logs() const { return SqlLogWriter(store()).dumpAll(kLogs); }
     // The same of the backup file, read from a copy (a reader leaves companions beside a file).
     QString backupContent() const {
         if (!QFile::exists(backup())) {
@@ -90,12 +83,7 @@ protected:
         const QString copy = m_dir.path() + "/read.kov";
         QFile::remove(copy);
         QFile::copy(backup(), copy);
-        QString all;
-        const SqlLogs volume(copy);
-        for (const QString& log : kCopies) {
-            all += volume.dump(log, true) + "\n";
-        }
-        return all;
+        return SqlLogWriter(copy).dumpAll(kCopies, true);
     }
     QStringList myDocuments() const { return QDir(device() + "/My Documents").entryList(QDir::Files); }
 
@@ -108,11 +96,30 @@ protected:
     }
     // A change of the logs made by hand: the last 60 days of food gone, and every aerobic day.
     void changeLogs() const {
-        SqlLogs(store()).run(
+        SqlLogWriter(store()).run(
             "DELETE FROM props WHERE record IN (SELECT oid FROM records WHERE db = (SELECT oid FROM databases WHERE "
             "name = 'Kov2Aerobic') OR (db = (SELECT oid FROM databases WHERE name = 'Kov2Food') AND sort_key > " +
             QString::number(StoredDays::keyOf(QDate(2024, 5, 1))) +
             ")); DELETE FROM records WHERE oid NOT IN (SELECT record FROM props)");
+    }
+
+    // Kills command kKills times at random moments within usualMs, then runs it whole: state, read
+    // after each kill, is each time as before the first or as after the whole run, which differs.
+    // The state after the whole run.
+    QString killedThenWhole(const QStringList& command, qint64 usualMs, const std::function<QString()>& state) {
+        const QString before = state();
+        std::set<QString> seen;
+        for (int kill = 0; kill < kKills; ++kill) {
+            runAndKill(command, usualMs);
+            seen.insert(state());
+        }
+        run(command);
+        const QString after = state();
+        EXPECT_NE(after, before);
+        for (const QString& content : seen) {
+            EXPECT_TRUE(content == before || content == after) << "a state that is neither, after a kill";
+        }
+        return after;
     }
 
     QTemporaryDir m_dir;
@@ -121,23 +128,12 @@ protected:
 
 TEST_F(KilledCliTest, AKilledBackupLeavesThePreviousBackupWholeAndRestorable) {
     const qint64 usual = timed({"backup"});
-    const QString previous = backupContent();
     changeLogs();
     const QString changed = logs();
-    std::set<QString> seen;
-    for (int kill = 0; kill < kKills; ++kill) {
-        runAndKill({"backup"}, usual);
-        seen.insert(backupContent());
-    }
-    run({"backup"});
-    const QString next = backupContent();
-    ASSERT_NE(next, previous);
-    for (const QString& content : seen) {
-        EXPECT_TRUE(content == previous || content == next) << "a backup file that is neither";
-    }
+    killedThenWhole({"backup"}, usual, [this] { return backupContent(); });
     EXPECT_EQ(myDocuments(), QStringList("Default.kov")) << "the next backup removed what a killed one left";
     // The backup restores.
-    SqlLogs(store()).run("DELETE FROM props; DELETE FROM records");
+    SqlLogWriter(store()).run("DELETE FROM props; DELETE FROM records");
     run({"--yes", "restore"});
     EXPECT_EQ(logs(), changed);
 }
@@ -146,45 +142,19 @@ TEST_F(KilledCliTest, AKilledRestoreLeavesTheLogsAsTheyWereOrWhollyRestored) {
     const qint64 usual = timed({"backup"}) * 2;
     const QString backedUp = logs();
     changeLogs();
-    const QString before = logs();
-    std::set<QString> seen;
-    for (int kill = 0; kill < kKills; ++kill) {
-        runAndKill({"--yes", "restore"}, usual);
-        seen.insert(logs());
-    }
-    run({"--yes", "restore"});
-    EXPECT_EQ(logs(), backedUp);
-    for (const QString& content : seen) {
-        EXPECT_TRUE(content == before || content == backedUp) << "logs that are a mix";
-    }
+    EXPECT_EQ(killedThenWhole({"--yes", "restore"}, usual, [this] { return logs(); }), backedUp);
 }
 
 TEST_F(KilledCliTest, AKilledCompactDeletesAllTheEmptyDaysOrNone) {
     // Empty days: a key and the notes placeholder, before the generated year.
-    SqlLogs logsByHand(store());
+    SqlLogWriter logsByHand(store());
     for (int day = 0; day < 200; ++day) {
         for (const char* log : {"Kov2Food", "Kov2Aerobic"}) {
-            logsByHand.run(QStringLiteral("INSERT INTO records (db, sort_key) VALUES ((SELECT oid FROM databases "
-                                          "WHERE name = '%1'), %2); INSERT INTO props VALUES (last_insert_rowid(), "
-                                          "%3, %2), (last_insert_rowid(), %4, '<Click to add Notes>')")
-                               .arg(log)
-                               .arg(StoredDays::keyOf(QDate(2020, 1, 1).addDays(day)))
-                               .arg(kDayKeyId)
-                               .arg(StoredDays::propId(1132, kText)));
+            logsByHand.writeDay(log, QDate(2020, 1, 1).addDays(day),
+                                {SqlLogWriter::text(1132, "<Click to add Notes>")});
         }
     }
-    const QString before = logs();
     const qint64 usual = timed({"backup"}) * 2;
-    std::set<QString> seen;
-    for (int kill = 0; kill < kKills; ++kill) {
-        runAndKill({"compact"}, usual);
-        seen.insert(logs());
-    }
-    run({"compact"});
-    const QString after = logs();
-    ASSERT_NE(after, before);
-    for (const QString& content : seen) {
-        EXPECT_TRUE(content == before || content == after) << "a compact half done";
-    }
+    killedThenWhole({"compact"}, usual, [this] { return logs(); });
 }
 } // namespace

@@ -2,12 +2,13 @@
 // read back with plain SQL.
 
 #include "UtilitiesDialog.h"
-#include "../utilities/SqlLogs.h"
 #include "MessageBox.h"
 #include "ShellTestSupport.h"
+#include "SqlLogWriter.h"
+#include "VolumeFiles.h"
 #include "resource.h"
 
-#include <QFile>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
@@ -22,24 +23,23 @@ class UtilitiesDialogTest : public ShellTest {
 protected:
     UtilitiesDialogTest() : m_store(m_device.paths().objectStore()) {
         for (const QString& log : kLogs) {
-            m_store.database(log);
-            m_store.day(log, QDate(1968, 11, 29));
-            m_store.day(log, kDay, {{1132, kText, "kept " + log}});
-            m_store.day(log, kDay.addDays(1));
+            m_store.writeDay(log, QDate(1968, 11, 29));
+            m_store.writeDay(log, kDay, {SqlLogWriter::text(1132, "kept " + log)});
+            m_store.writeDay(log, kDay.addDays(1));
         }
         start();
         m_factory.log.clear();
     }
 
-    // Opens the dialog, presses the buttons in turn (each press returns when its operation has),
-    // runs during after the presses, and reads the status line and the bar before the dialog closes.
-    void press(const QList<int>& buttons, const std::function<void(QWidget*)>& during = {}) {
+    // Opens the dialog, runs first on it, presses the buttons in turn (each press returns when its
+    // operation has), and reads the status line and the bar before the dialog closes.
+    void press(const QList<int>& buttons, const std::function<void(UtilitiesDialog*)>& first = {}) {
         whenShown("UtilitiesDialog", [&](QWidget* dialog) {
+            if (first) {
+                first(static_cast<UtilitiesDialog*>(dialog));
+            }
             for (int id : buttons) {
                 dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(id))->click();
-            }
-            if (during) {
-                during(dialog);
             }
             m_status = dialog->findChild<QLabel*>(QStringLiteral("c%1").arg(IDC_UTIL_STATUS))->text();
             m_bar = dialog->findChild<QProgressBar*>(QStringLiteral("c%1").arg(IDC_UTIL_PROGRESS))->value();
@@ -49,22 +49,18 @@ protected:
         });
         trigger(ID_MENU_UTILITIES);
     }
-    QString backupPath() const { return m_device.paths().myDocuments() + "/Default.kov"; }
 
-    SqlLogs m_store;
+    SqlLogWriter m_store;
     QString m_status;
     int m_bar = -1;
 };
 
 TEST_F(UtilitiesDialogTest, BackupThenRestoreThroughTheButtonsGivesBackTheLogs) {
-    const QString food = m_store.dump("Kov2Food");
     press({IDC_UTIL_BACKUP});
     EXPECT_EQ(m_boxes.texts(), QStringList({"Backup complete!"}));
-    EXPECT_TRUE(QFile::exists(backupPath()));
     EXPECT_EQ(m_bar, 100);
     EXPECT_EQ(m_status, "");
 
-    m_store.run("DELETE FROM records WHERE db = (SELECT oid FROM databases WHERE name = 'Kov2Food')");
     m_boxes.clear();
     m_boxes.queueAnswer(IDNO);
     m_boxes.queueAnswer(IDYES);
@@ -73,7 +69,6 @@ TEST_F(UtilitiesDialogTest, BackupThenRestoreThroughTheButtonsGivesBackTheLogs) 
     EXPECT_TRUE(m_boxes.texts()[0].startsWith("This operation will look for a file called 'Default.kov'"));
     EXPECT_EQ(m_boxes.types()[0] & MB_TYPEMASK, UINT(MB_YESNO));
     EXPECT_EQ(m_boxes.texts()[2], "Restore successful!");
-    EXPECT_EQ(m_store.dump("Kov2Food"), food);
     // The pages show the restored logs.
     EXPECT_TRUE(m_factory.log.contains("food reload"));
 }
@@ -86,11 +81,22 @@ TEST_F(UtilitiesDialogTest, RestoreRefusedAndExportRefusedSayCancelled) {
     press({IDC_UTIL_EXPORT});
     EXPECT_EQ(m_status, "Cancelled.");
     EXPECT_TRUE(m_boxes.texts().last().startsWith("Copies your Kovalin data to .csv format files"));
-    EXPECT_FALSE(QFile::exists(backupPath()));
+    // Nothing was written.
+    EXPECT_EQ(QDir(m_device.paths().myDocuments()).entryList(QDir::Files), QStringList());
 }
 
-TEST_F(UtilitiesDialogTest, CompactAndHelpTellTheirResults) {
-    press({IDC_UTIL_COMPACT, IDC_UTIL_HELP});
+TEST_F(UtilitiesDialogTest, TheButtonsCarryTheirLabelsAndCompactAndHelpTellTheirResults) {
+    press({IDC_UTIL_COMPACT, IDC_UTIL_HELP}, [](UtilitiesDialog* dialog) {
+        for (const auto& [id, label] : {std::pair{IDC_UTIL_BACKUP, "Backup"},
+                                        {IDC_UTIL_RESTORE, "Restore"},
+                                        {IDC_UTIL_EXPORT, "Export"},
+                                        {IDC_UTIL_IMPORT, "Import"},
+                                        {IDC_UTIL_COMPACT, "Compact"},
+                                        {IDC_UTIL_DELETE, "Delete"},
+                                        {IDC_UTIL_HELP, "Help"}}) {
+            EXPECT_EQ(dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(id))->text(), label);
+        }
+    });
     EXPECT_EQ(m_status, "Done.");
     ASSERT_EQ(m_boxes.texts().size(), 2);
     EXPECT_EQ(m_boxes.texts()[0], "Compact complete!");
@@ -103,32 +109,25 @@ TEST_F(UtilitiesDialogTest, CompactAndHelpTellTheirResults) {
 // the report comes in a message box and the pages show what came in.
 TEST_F(UtilitiesDialogTest, ImportBringsTheChosenFilesAndShowsTheReport) {
     const QString body = m_device.root() + "/body.csv";
-    QFile file(body);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("date,water,weight,body_fat,sleep,sleep_quality,overall_feeling,systolic,diastolic,resting_heart_rate,"
-               "chest,biceps,waist,quads,calves,notes\r\n2024-03-20,,170,,,,,,,,,,,,,\r\n");
-    file.close();
-    m_store.database("KovUpperBody");
+    VolumeFiles::writeFile(
+        body, "date,water,weight,body_fat,sleep,sleep_quality,overall_feeling,systolic,diastolic,"
+              "resting_heart_rate,chest,biceps,waist,quads,calves,notes\r\n2024-03-20,,170,,,,,,,,,,,,,\r\n");
+    m_store.writeLog("KovUpperBody");
     QList<QStringList> choices = {{}, {body}};
+    const auto chooser = [&choices](UtilitiesDialog* dialog) {
+        dialog->setFileChooser([&choices](QWidget*) { return choices.takeFirst(); });
+    };
     m_boxes.queueAnswer(IDNO);
-    m_boxes.queueAnswer(IDNO);
-    whenShown("UtilitiesDialog", [&](QWidget* dialog) {
-        auto* utilities = static_cast<UtilitiesDialog*>(dialog);
-        utilities->setFileChooser([&choices](QWidget*) { return choices.takeFirst(); });
-        auto* import = dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDC_UTIL_IMPORT));
-        import->click();
-        m_status = dialog->findChild<QLabel*>(QStringLiteral("c%1").arg(IDC_UTIL_STATUS))->text();
-        import->click();
-        dialog->findChild<QPushButton*>("c1")->click();
-    });
-    trigger(ID_MENU_UTILITIES);
+    press({IDC_UTIL_IMPORT}, chooser);
     EXPECT_EQ(m_status, "Cancelled.");
+    m_boxes.queueAnswer(IDNO);
+    press({IDC_UTIL_IMPORT}, chooser);
+    EXPECT_EQ(m_status, "Import complete.");
     ASSERT_EQ(m_boxes.texts().size(), 3);
     EXPECT_EQ(m_boxes.texts()[0], UtilitiesDialog::kImportQuestion);
     EXPECT_TRUE(m_boxes.texts()[2].startsWith("Read Kovalin's tables: body.csv.\nUpper body: 0 days added"))
         << m_boxes.texts()[2].toStdString();
     EXPECT_TRUE(m_boxes.texts()[2].contains("Food and body: 1 days added, 0 filled"));
-    EXPECT_EQ(StoredDays(m_device.paths().objectStore()).value("Kov2Food", QDate(2024, 3, 20), 1002, kI2), 170);
     EXPECT_TRUE(m_factory.log.contains("food reload"));
 }
 
