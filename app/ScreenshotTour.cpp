@@ -576,7 +576,8 @@ void ScreenshotTour::tourAerobic() {
 
 namespace {
 // Five weeks of training around March 2024 for the calendar: upper body on Mondays, Wednesdays and
-// Fridays, lower body on Tuesdays and Thursdays, a run most mornings; and the user's goals.
+// Fridays, lower body on Tuesdays and Thursdays (and on 11 March), a run most mornings; and the user's
+// goals.
 bool writeTrainingMonth(const QDate& today) {
     const StrengthRecords upper(QStringLiteral("Kov2AUpperBody"), QStringLiteral("Kov2BUpperBody"));
     const StrengthRecords lower(QStringLiteral("Kov2ALowerBody"), QStringLiteral("Kov2BLowerBody"));
@@ -591,7 +592,10 @@ bool writeTrainingMonth(const QDate& today) {
                 rows.push_back(set("Barbell Bench Press", "10", 135 + 5 * i, "2", 7));
             }
             written = upper.EnsureDay(day) && writeGroup(upper, day, MuscleGroup(BodyRegion::Upper, 0), rows);
-        } else if (weekday == 2 || weekday == 4) {
+        }
+        // Monday 11 March holds all three kinds, for the calendar's pop-up.
+        if (written && (weekday == 2 || weekday == 4 || day == QDate(2024, 3, 11))) {
+            rows.clear();
             for (int i = 0; i < sets; ++i) {
                 rows.push_back(set("Barbell Squats", "8", 185 + 10 * i, "3", 8));
             }
@@ -626,7 +630,7 @@ void ScreenshotTour::tourOverview() {
     main.SelectPage(6);
     QApplication::processEvents();
     save(grabScreen(), QStringLiteral("calendar-month.png"));
-    // A tap on Monday 11 March, a day of upper body and a run: the pop-up of the day's kinds.
+    // A tap on Monday 11 March, a day of upper body, lower body and a run: the pop-up of all three kinds.
     auto* calendar = static_cast<CalendarPage*>(main.page(6));
     const int cell = static_cast<int>(calendar->month().firstCellDay().daysTo(QDate(2024, 3, 11)));
     const QPointF at(1 + 34 * (cell % 7) + 17, 32 + 35 * (cell / 7) + 17);
