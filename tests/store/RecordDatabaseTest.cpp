@@ -5,7 +5,7 @@
 
 #include "RecordDatabase.h"
 #include "DayKey.h"
-#include "SqlReader.h"
+#include "StoredDays.h"
 #include "TestDevice.h"
 
 #include <gtest/gtest.h>
@@ -119,9 +119,8 @@ TEST_F(RecordDatabaseTest, AWriteOverTheRecordLimitsIsRefusedAndWritesNothing) {
     DbRecord longName = dayRecord(day.addDays(1), "note");
     longName.append(DbProp::text(1012, QString(256, u'x')));
     EXPECT_EQ(m_db.Write(longName, 0), 0u);
-    const SqlReader sql(m_device.paths().objectStore());
-    EXPECT_EQ(
-        sql.value("SELECT group_concat(number) FROM (SELECT propid >> 16 AS number FROM props ORDER BY 1)").toString(),
-        "64,1132");
-    EXPECT_EQ(sql.value("SELECT length(value) FROM props WHERE propid >> 16 = 1132").toInt(), 10000);
+    const StoredDays days(m_device.paths().objectStore());
+    EXPECT_EQ(days.recordCount(kLog), 1);
+    EXPECT_EQ(days.props(kLog, day), "64:64,1132:31");
+    EXPECT_EQ(days.value(kLog, day, 1132, CEVT_LPWSTR).toString().size(), 10000);
 }
