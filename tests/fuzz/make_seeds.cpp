@@ -1,9 +1,12 @@
 // Writes the fuzz target's seed corpus: a few small volumes made through the platform's own
-// functions (so they are exactly what the program writes), shrunk to 512-byte pages, and a few
-// damaged or foreign files next to them.
+// functions (so they are exactly what the program writes), shrunk to 512-byte pages, and two
+// changed with SQL as no byte-level mutation is likely to change them: a store left marked in use,
+// and a log whose values do not match their types. Truncated or flipped bytes, or another
+// application's id, are what the fuzzer's own first mutations make of these.
 //   make_fuzz_seeds DIR
 
 #include "CeDatabase.h"
+#include "PropVals.h"
 #include "Registry.h"
 
 #include <QDir>
@@ -19,12 +22,6 @@ CEPROPVAL prop(WORD type, WORD number) {
     CEPROPVAL value;
     value.propid = PROP_TAG(type, number);
     return value;
-}
-
-CEPROPVAL text(WORD number, const QString& value) {
-    CEPROPVAL p = prop(CEVT_LPWSTR, number);
-    p.val.lpwstr = value;
-    return p;
 }
 
 CEPROPVAL fileTime(WORD number, std::uint64_t ticks) {
@@ -75,8 +72,8 @@ void nameLists(const CEGUID& guid) {
     CeWriteRecordProps(first, 0, {text(802, "nameless")});
     CloseHandle(first);
     HANDLE unsorted = createAndOpen(guid, "temp", 0, 0);
-    const CEOID gone = CeWriteRecordProps(unsorted, 0, {prop(CEVT_I4, 1010)});
-    CeWriteRecordProps(unsorted, 0, {prop(CEVT_I4, 1010)});
+    const CEOID gone = CeWriteRecordProps(unsorted, 0, {i4(1010, 0)});
+    CeWriteRecordProps(unsorted, 0, {i4(1010, 0)});
     CeDeleteRecord(unsorted, gone);
     CloseHandle(unsorted);
 }
@@ -151,16 +148,6 @@ bool makeStoreWithLog(const QString& from, const QString& to) {
     return out.open(QIODevice::WriteOnly | QIODevice::Truncate) && out.write(bytes) == bytes.size();
 }
 
-bool derive(const QString& from, const QString& to, const std::function<void(QByteArray&)>& damage) {
-    QFile in(from);
-    QFile out(to);
-    if (!in.open(QIODevice::ReadOnly) || !out.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        return false;
-    }
-    QByteArray bytes = in.readAll();
-    damage(bytes);
-    return out.write(bytes) == bytes.size();
-}
 } // namespace
 
 int main(int argc, char** argv) {
@@ -170,21 +157,21 @@ int main(int argc, char** argv) {
     }
     const QDir dir(QString::fromLocal8Bit(argv[1]));
     const QString log = dir.filePath("daylog.kov");
-    const bool made =
-        makeVolume(
-            dir.filePath("empty.kov"), [](const CEGUID&) {}, false) &&
-        makeVolume(log, dayLog, false) && makeVolume(dir.filePath("namelists.kov"), nameLists, false) &&
-        makeVolume(dir.filePath("daylog-wal.kov"), dayLog, true) && makeObjectStore(dir.filePath("objectstore.kov")) &&
-        makeStoreWithLog(dir.filePath("objectstore.kov"), dir.filePath("objectstore-log.kov")) &&
-        derive(dir.filePath("objectstore.kov"), dir.filePath("objectstore-unclean.kov"), [](QByteArray&) {}) &&
-        exec(dir.filePath("objectstore-unclean.kov"), "UPDATE meta SET value = 1 WHERE name = 'in_use'") &&
-        derive(log, dir.filePath("daylog-truncated.kov"), [](QByteArray& b) { b.truncate(b.size() / 2); }) &&
-        derive(log, dir.filePath("daylog-flipped.kov"), [](QByteArray& b) { b[b.size() - 300] ^= 0x55; }) &&
-        derive(log, dir.filePath("daylog-other-app.kov"), [](QByteArray& b) { b[68] = 1; }) &&
-        derive(log, dir.filePath("daylog-mistyped.kov"), [](QByteArray&) {}) &&
-        exec(dir.filePath("daylog-mistyped.kov"),
-             "UPDATE props SET value = 'text' WHERE propid = 6815747;"  // I4 104 holding a text
-             "UPDATE props SET value = 70000 WHERE propid = 6684674;"); // I2 102 beyond 16 bits
+    const QString store = dir.filePath("objectstore.kov");
+    const QString unclean = dir.filePath("objectstore-unclean.kov");
+    const QString mistyped = dir.filePath("daylog-mistyped.kov");
+    for (const QString& copy : {unclean, mistyped}) {
+        QFile::remove(copy);
+    }
+    const bool made = makeVolume(
+                          dir.filePath("empty.kov"), [](const CEGUID&) {}, false) &&
+                      makeVolume(log, dayLog, false) && makeVolume(dir.filePath("namelists.kov"), nameLists, false) &&
+                      makeVolume(dir.filePath("daylog-wal.kov"), dayLog, true) && makeObjectStore(store) &&
+                      makeStoreWithLog(store, dir.filePath("objectstore-log.kov")) && QFile::copy(store, unclean) &&
+                      exec(unclean, "UPDATE meta SET value = 1 WHERE name = 'in_use'") && QFile::copy(log, mistyped) &&
+                      exec(mistyped,
+                           "UPDATE props SET value = 'text' WHERE propid = 6815747;"  // I4 104 holding a text
+                           "UPDATE props SET value = 70000 WHERE propid = 6684674;"); // I2 102 beyond 16 bits
     if (!made) {
         std::fprintf(stderr, "could not write the seeds\n");
         return 1;

@@ -1,5 +1,6 @@
 // The registry in the object store: absent keys and values, the two value types as they are
-// stored, lookups without regard to case, small buffers, and deleting keys.
+// stored and read back (into buffers large enough or not), lookups without regard to case, and
+// deleting keys.
 
 #include "Registry.h"
 #include "SqlReader.h"
@@ -70,7 +71,7 @@ TEST_F(RegistryTest, AbsentKeysAndValuesAreNotFound) {
     EXPECT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, kKey, &key), ERROR_FILE_NOT_FOUND);
 }
 
-TEST_F(RegistryTest, DwordsAndStringsAreStoredAsIntegerAndTextAndReadBackAsBytes) {
+TEST_F(RegistryTest, DwordsAndStringsAreStoredAsIntegerAndTextAndReadBackAsBytesInABufferLargeEnough) {
     HKEY key = createKey(kKey);
     ASSERT_EQ(setDword(key, "PullWt", 0x01020304), ERROR_SUCCESS);
     ASSERT_EQ(setString(key, "LastUser", "Ann"), ERROR_SUCCESS);
@@ -97,6 +98,18 @@ TEST_F(RegistryTest, DwordsAndStringsAreStoredAsIntegerAndTextAndReadBackAsBytes
     EXPECT_EQ(size, 4u);
     EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(data.data()), 4), QByteArray("\xFF\xFF\xFF\xFF"));
     EXPECT_EQ(RegSetValueExW(key, "Odd", REG_DWORD, data.data(), 2), ERROR_INVALID_PARAMETER);
+
+    // A buffer too small gets ERROR_MORE_DATA and the size needed; without a buffer, just the size.
+    ASSERT_EQ(setString(key, "LastUser", "Default"), ERROR_SUCCESS);
+    size = 15;
+    EXPECT_EQ(RegQueryValueExW(key, "LastUser", &type, data.data(), &size), ERROR_MORE_DATA);
+    EXPECT_EQ(GetLastError(), ERROR_MORE_DATA);
+    EXPECT_EQ(size, 16u);
+    EXPECT_EQ(type, REG_SZ);
+    EXPECT_EQ(RegQueryValueExW(key, "LastUser", &type, data.data(), &size), ERROR_SUCCESS);
+    size = 0;
+    EXPECT_EQ(RegQueryValueExW(key, "LastUser", nullptr, nullptr, &size), ERROR_SUCCESS);
+    EXPECT_EQ(size, 16u);
     RegCloseKey(key);
 }
 
@@ -121,22 +134,6 @@ TEST_F(RegistryTest, KeysAndNamesMatchWithoutRegardToCaseAndKeepTheirFirstSpelli
     EXPECT_EQ(sql.value("SELECT key FROM registry_keys WHERE key LIKE '%bung'").toString(),
               QString::fromUtf8("HKEY_CURRENT_USER\\Software\\Orn\\Kovalin\\Übung"));
     RegCloseKey(other);
-}
-
-TEST_F(RegistryTest, ATooSmallBufferGetsMoreDataAndTheSizeNeeded) {
-    HKEY key = createKey(kKey);
-    setString(key, "LastUser", "Default");
-    DWORD type = 0;
-    std::array<BYTE, 10> data{};
-    DWORD size = data.size();
-    EXPECT_EQ(RegQueryValueExW(key, "LastUser", &type, data.data(), &size), ERROR_MORE_DATA);
-    EXPECT_EQ(GetLastError(), ERROR_MORE_DATA);
-    EXPECT_EQ(size, 16u);
-    EXPECT_EQ(type, REG_SZ);
-    size = 0;
-    EXPECT_EQ(RegQueryValueExW(key, "LastUser", nullptr, nullptr, &size), ERROR_SUCCESS);
-    EXPECT_EQ(size, 16u);
-    RegCloseKey(key);
 }
 
 TEST_F(RegistryTest, DeletingAKeyTakesItsValuesAndLeavesOpenHandlesDeleted) {

@@ -1,10 +1,11 @@
 // The store's view of one database: what it adds to the property-database service (a pointer that
 // walks on past a deleted record, stepping back, reading a list of ids without the ones a record
-// lacks, refusing everything while closed). The service itself is checked in tests/platform.
+// lacks). The service itself is checked in tests/platform; the type and sort order a database is
+// created with, where the user list is made.
 
 #include "RecordDatabase.h"
 #include "DayKey.h"
-#include "SqlReader.h"
+#include "StoredDays.h"
 #include "TestDevice.h"
 
 #include <gtest/gtest.h>
@@ -31,14 +32,6 @@ protected:
 };
 } // namespace
 
-TEST_F(RecordDatabaseTest, CreatesADatabaseOfTheProgramsTypeSortedOnTheDayKeyOnce) {
-    EXPECT_FALSE(RecordDatabase::Exists(QStringLiteral("Kov2FoodAnn")));
-    SqlReader sql(m_device.paths().objectStore());
-    EXPECT_EQ(sql.value("SELECT type || ' ' || sort_propid FROM databases WHERE name = ?", {kLog}).toString(),
-              "12345 4194368");
-    EXPECT_FALSE(RecordDatabase::Create(kLog, RecordDatabase::kDatabaseType, DayKey::kPropId));
-}
-
 TEST_F(RecordDatabaseTest, ADaysRecordIsFoundByItsKeyReplacedAndDeletedWithItsDatabase) {
     const QDate day(2003, 3, 7);
     EXPECT_EQ(m_db.SeekFirstEqual(DayKey::prop(day)), 0u);
@@ -56,7 +49,6 @@ TEST_F(RecordDatabaseTest, ADaysRecordIsFoundByItsKeyReplacedAndDeletedWithItsDa
 
     EXPECT_TRUE(m_db.DeleteRecord(added));
     EXPECT_EQ(m_db.SeekFirstEqual(DayKey::prop(day)), 0u);
-    EXPECT_FALSE(m_db.DeleteRecord(added));
     EXPECT_TRUE(m_db.DeleteDatabase());
     EXPECT_FALSE(m_db.isOpen());
     EXPECT_FALSE(RecordDatabase::Exists(kLog));
@@ -78,18 +70,6 @@ TEST_F(RecordDatabaseTest, SeekNextStartsAtTheFirstRecordAndGoesOnAfterADeletedC
     ASSERT_TRUE(m_db.DeleteRecord(d));
     EXPECT_EQ(m_db.SeekNext(), 0u);
     EXPECT_EQ(m_db.SeekFirst(), a);
-}
-
-TEST_F(RecordDatabaseTest, OperationsOnAClosedOrMissingDatabaseFail) {
-    RecordDatabase db;
-    EXPECT_FALSE(db.Open(QStringLiteral("NoSuchDatabase"), DayKey::kPropId));
-    DbRecord record;
-    EXPECT_EQ(db.SeekFirst(), 0u);
-    EXPECT_FALSE(db.ReadCurrent(record));
-    EXPECT_FALSE(db.ReadCurrent(record, {PROP_TAG(CEVT_I2, 102)}));
-    EXPECT_EQ(db.SeekPrevious(), 0u);
-    EXPECT_EQ(db.Write(dayRecord(QDate(2001, 1, 1), "x"), 0), 0u);
-    EXPECT_FALSE(db.DeleteDatabase());
 }
 
 TEST_F(RecordDatabaseTest, StepsBackRecordByRecordReadingOnlyTheListedPropertiesItHas) {
@@ -125,4 +105,22 @@ TEST_F(RecordDatabaseTest, StepsBackRecordByRecordReadingOnlyTheListedProperties
     EXPECT_EQ(m_db.SeekLastSmaller(DayKey::prop(first.addDays(30))), days[2]);
     EXPECT_EQ(m_db.SeekLastSmaller(DayKey::prop(first.addDays(1))), days[0]);
     EXPECT_EQ(m_db.SeekLastSmaller(DayKey::prop(first)), 0u);
+}
+
+TEST_F(RecordDatabaseTest, AWriteOverTheRecordLimitsIsRefusedAndWritesNothing) {
+    const QDate day(2024, 3, 14);
+    const CEOID oid = m_db.Write(dayRecord(day, QString(10000, u'x')), 0);
+    ASSERT_NE(oid, 0u);
+    DbRecord over;
+    over.append(DbProp::text(1132, QString(10001, u'x')));
+    over.append(DbProp::i2(1001, 3));
+    EXPECT_EQ(m_db.Write(over, oid), 0u);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    DbRecord longName = dayRecord(day.addDays(1), "note");
+    longName.append(DbProp::text(1012, QString(256, u'x')));
+    EXPECT_EQ(m_db.Write(longName, 0), 0u);
+    const StoredDays days(m_device.paths().objectStore());
+    EXPECT_EQ(days.recordCount(kLog), 1);
+    EXPECT_EQ(days.props(kLog, day), "64:64,1132:31");
+    EXPECT_EQ(days.value(kLog, day, 1132, CEVT_LPWSTR).toString().size(), 10000);
 }

@@ -32,6 +32,7 @@ TEST(UserList, IsCreatedWithItsTwoFixedRowsRefilledOnlyWhenFoundEmptyAndListedAs
     EXPECT_EQ(sql.value("SELECT type || ' ' || sort_propid FROM databases WHERE name = 'KovUserList'").toString(),
               QString("12345 %1").arg((801 << 16) | 31));
 
+    // "<add new user>" names no databases that exist: deleting what is missing succeeds.
     ASSERT_EQ(UserList::remove("<add new user>"), UserList::DeleteResult::Deleted);
     ASSERT_EQ(UserList::remove("Default"), UserList::DeleteResult::Deleted);
     EXPECT_EQ(UserList::names(), QStringList({"<add new user>", "Default"}));

@@ -1,9 +1,9 @@
 #include "DeviceGenerator.h"
 #include "NameList.h"
 #include "SqlReader.h"
+#include "StoredDays.h"
 
 #include "CeDatabase.h"
-#include "DayKey.h"
 #include "DevicePaths.h"
 
 #include <QTemporaryDir>
@@ -11,10 +11,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-constexpr qint64 kPropId(int number, int type) {
-    return (static_cast<qint64>(number) << 16) | type;
-}
-
 DeviceGenerator::Options twoUsersOneYear(const QString& device) {
     DeviceGenerator::Options options;
     options.device = device;
@@ -23,15 +19,6 @@ DeviceGenerator::Options twoUsersOneYear(const QString& device) {
     options.end = QDate(2024, 3, 14);
     options.seed = 7;
     return options;
-}
-
-// The SQLite type of one property of the day's record in a log, read with plain SQL ("absent" when missing).
-QString stored(const SqlReader& sql, const QString& log, const QDate& day, qint64 propid) {
-    const QVariant type = sql.value(
-        "SELECT typeof(p.value) FROM props p JOIN records r ON r.oid = p.record JOIN databases d ON d.oid = r.db "
-        "WHERE d.name = ? AND r.sort_key = ? AND p.propid = ?",
-        {log, static_cast<qint64>(fileTimeTicks(DayKey::of(day))), propid});
-    return type.isValid() ? type.toString() : QStringLiteral("absent");
 }
 } // namespace
 
@@ -42,21 +29,20 @@ TEST(DeviceGenerator, FillsEveryDayOfEveryLogWithTheRecordLayouts) {
     EXPECT_EQ(generator.lastDay(), QDate(2024, 3, 14));
     EXPECT_EQ(generator.firstDay(), QDate(2023, 3, 15));
 
-    const SqlReader sql(DevicePaths(dir.path()).objectStore());
+    const StoredDays days(DevicePaths(dir.path()).objectStore());
     for (const QString& log : DatabaseCatalogue::userDatabaseNames(QStringLiteral("Ann"))) {
         // One record a day, and the marker of the reference day first.
-        EXPECT_EQ(sql.value("SELECT count(*) FROM records r JOIN databases d ON d.oid = r.db WHERE d.name = ?", {log})
-                      .toLongLong(),
-                  generator.dayCount() + 1)
-            << log.toStdString();
+        EXPECT_EQ(days.recordCount(log), generator.dayCount() + 1) << log.toStdString();
     }
+    // Each property stored as its type's SQLite type (integer, text, real), read back as qint64,
+    // QString, double.
     const QDate day(2024, 1, 2);
     const QString upperA = QStringLiteral("Kov2AUpperBodyAnn");
-    EXPECT_EQ(stored(sql, upperA, day, kPropId(105, CEVT_UI2)), "integer");
-    EXPECT_EQ(stored(sql, upperA, day, kPropId(1132, CEVT_LPWSTR)), "text");
-    EXPECT_EQ(stored(sql, upperA, day, kPropId(108, CEVT_R8)), "real");       // set 1's weight
-    EXPECT_EQ(stored(sql, upperA, day, kPropId(306, CEVT_LPWSTR)), "absent"); // group 2 lives in B
-    EXPECT_EQ(stored(sql, "Kov2BUpperBodyAnn", day, kPropId(306, CEVT_LPWSTR)), "text");
+    EXPECT_EQ(days.value(upperA, day, 105, CEVT_UI2).typeId(), QMetaType::LongLong);
+    EXPECT_EQ(days.value(upperA, day, 1132, CEVT_LPWSTR).typeId(), QMetaType::QString);
+    EXPECT_EQ(days.value(upperA, day, 108, CEVT_R8).typeId(), QMetaType::Double); // set 1's weight
+    EXPECT_FALSE(days.value(upperA, day, 306, CEVT_LPWSTR).isValid());            // group 2 lives in B
+    EXPECT_EQ(days.value("Kov2BUpperBodyAnn", day, 306, CEVT_LPWSTR).typeId(), QMetaType::QString);
 }
 
 TEST(DeviceGenerator, OneSeedGivesOneDeviceAndListsItsUsers) {
