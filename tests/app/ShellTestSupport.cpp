@@ -1,5 +1,6 @@
 #include "ShellTestSupport.h"
 
+#include "Clock.h"
 #include "CommandBar.h"
 #include "DeviceFonts.h"
 #include "KovalinApp.h"
@@ -201,4 +202,36 @@ QStringList ShellTest::rowTexts(const QTreeWidget* list) {
         texts << cells.join('|');
     }
     return texts;
+}
+
+QString ShellTest::headings(const QTreeWidget* list) {
+    QStringList texts;
+    for (int column = 0; column < list->columnCount(); ++column) {
+        texts << list->headerItem()->text(column);
+    }
+    return texts.join('|');
+}
+
+QStringList ShellTest::itemTexts(const QComboBox* box) {
+    QStringList texts;
+    for (int item = 0; item < box->count(); ++item) {
+        texts << box->itemText(item);
+    }
+    return texts;
+}
+
+QStringList ShellTest::itemTexts(const QListWidget* list) {
+    QStringList texts;
+    for (int row = 0; row < list->count(); ++row) {
+        texts << list->item(row)->text();
+    }
+    return texts;
+}
+
+ScreenTest::ScreenTest() {
+    Clock::setFixed(kNow);
+}
+
+ScreenTest::~ScreenTest() {
+    Clock::setFixed(std::nullopt);
 }
