@@ -97,7 +97,6 @@ TEST_F(ShellDialogsTest, AboutHelpPhotoAndTheFunctionsOfLaterVersionsTellTheUser
     trigger(32834);
     EXPECT_EQ(where, QRect(0, 26, 240, 294));
     EXPECT_EQ(m_boxes.texts().size(), 3);
-
 }
 
 TEST_F(ShellDialogsTest, TheMessageBoxPresenterShowsTheBoxOnTheScreenAndReturnsTheButtonPressed) {

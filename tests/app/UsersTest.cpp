@@ -2,17 +2,14 @@
 // widgets; the user list and the databases are read back with plain SQL. Which names are refused and
 // which databases a row owns are the user list's (tests/store).
 
-#include "AerobicRecords.h"
 #include "Clock.h"
-#include "FoodRecords.h"
 #include "NavigationBar.h"
-#include "RecordDatabase.h"
 #include "Settings.h"
 #include "ShellPageFactory.h"
 #include "ShellTestSupport.h"
+#include "SqlLogWriter.h"
 #include "SqlReader.h"
 #include "StoredDays.h"
-#include "StrengthRecords.h"
 #include "UserList.h"
 
 #include <QCheckBox>
@@ -208,10 +205,9 @@ TEST_F(UsersTest, DeletingAUserNeedsYesTypedAndOk) {
     start();
     QString asked;
     QStringList shown;
+    // Which words count as yes is the confirmation's own test.
     manageUsers([&](QWidget* editor) {
-        answerConfirm("c1", &asked, "Yes");
-        press(editor, "c1030", "Ann");
-        answerConfirm("c2", nullptr, "yes");
+        answerConfirm("c2", &asked, "yes");
         press(editor, "c1030", "Ann");
         answerConfirm("c1", nullptr, "yes");
         press(editor, "c1030", "Ann");
@@ -220,7 +216,7 @@ TEST_F(UsersTest, DeletingAUserNeedsYesTypedAndOk) {
     });
     EXPECT_EQ(asked, "This will delete the user and their Kovalin data.  To proceed, type 'yes' in the box and click "
                      "OK.");
-    EXPECT_EQ(m_boxes.texts(), QStringList({"Operation Cancelled", "Operation Cancelled"}));
+    EXPECT_EQ(m_boxes.texts(), QStringList{"Operation Cancelled"});
     EXPECT_EQ(shown, QStringList({"<add new user>", "Default"}));
     EXPECT_EQ(storedRows(), "<add new user>|Default");
 }
@@ -269,30 +265,15 @@ TEST_F(UsersTest, DeletingTheCurrentUserAsksForAnotherAndARowAlreadyGoneIsReport
 TEST_F(UsersTest, AUserSwitchedToKeepsOnlyWhatIsTypedOnHisOwnNewDayOnEveryPage) {
     const QDate today(2024, 3, 14);
     Clock::setFixed(QDateTime(today, QTime(9, 41)));
-    FoodDayValues food;
-    food.weight = 182;
-    food.bodyFat = 18.5;
-    food.systolic = 120;
-    food.diastolic = 80;
-    food.overall = 7;
-    const FoodRecords defaultFood("Kov2Food");
-    ASSERT_TRUE(defaultFood.EnsureDatabase() && defaultFood.CreateDay(today) != 0 && defaultFood.SaveDay(today, food));
-    WorkoutHeader header;
-    header.start = QDateTime(today, QTime(6, 30));
-    header.end = QDateTime(today, QTime(7, 45));
-    header.completed = 1;
-    header.notes = QStringLiteral("Default's workout");
-    for (const char* region : {"UpperBody", "LowerBody"}) {
-        const StrengthRecords records(QStringLiteral("Kov2A") + region, QStringLiteral("Kov2B") + region);
-        ASSERT_TRUE(records.EnsureDatabases() && records.EnsureDay(today) && records.WriteHeader(today, header));
+    using Log = SqlLogWriter;
+    Log sql(m_device.paths().objectStore());
+    sql.writeDay("Kov2Food", today,
+                 {{1002, Log::kI2, 182}, {1003, Log::kR8, 18.5}, {1154, Log::kI2, 120}, {1152, Log::kI2, 7}});
+    for (const char* log : {"Kov2AUpperBody", "Kov2ALowerBody"}) {
+        sql.writeDay(log, today,
+                     {{102, Log::kI2, 6}, {103, Log::kI2, 30}, {105, Log::kUI2, 1}, Log::text(1132, "Default's")});
     }
-    AerobicExercise run;
-    run.exercise = QStringLiteral("Running");
-    run.distance = 3.5;
-    run.completed = true;
-    run.start = run.end = header.start;
-    const AerobicRecords aerobic("Kov2Aerobic");
-    ASSERT_TRUE(aerobic.EnsureDatabase() && aerobic.CreateDay(today) != 0 && aerobic.SaveExercise(today, 1, run));
+    sql.writeDay("Kov2Aerobic", today, {Log::text(701, "Running"), {722, Log::kR8, 3.5}, {102, Log::kI2, 6}});
     ShellPageFactory pages;
     start(false, &pages);
     // Added and made current in Manage Users: the pages are reloaded once.
