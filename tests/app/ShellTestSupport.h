@@ -68,6 +68,17 @@ public:
 // with a zero-delay timer, so that a modal dialog can be answered from inside its own event loop.
 void whenShown(const QString& name, std::function<void(QWidget*)> act);
 
+// The rows of the dialog's list of names (c1028).
+QStringList listRows(QWidget* dialog);
+// Selects the row that reads row in that list (when row is not empty) and presses the button named name:
+// "c1" OK, "c2" Cancel, "c1002" Add, "c1030" Delete.
+void press(QWidget* dialog, const char* name, const QString& row = {});
+// Clears the line edit named name and types text into it.
+void typeText(QWidget* dialog, const char* name, const QString& text);
+// Answers the next confirmation: text typed into its 'yes' box (unless null), then button; the
+// question it asked goes to asked (when given).
+void answerConfirm(const char* button, QString* asked = nullptr, const QString& typed = {});
+
 // Waits until condition holds (events are processed meanwhile); false after timeoutMs.
 bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 5000);
 

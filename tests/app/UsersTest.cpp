@@ -23,53 +23,10 @@ namespace {
 const QStringList kReloadAll = {"upper reload", "lower reload",    "aerobic reload", "food reload",
                                 "today reload", "calendar reload", "reports reload"};
 
-QListWidget* listOf(QWidget* dialog) {
-    return dialog->findChild<QListWidget*>(QStringLiteral("c1028"));
-}
-
-QStringList rowsOf(QWidget* dialog) {
-    QStringList texts;
-    for (int row = 0; row < listOf(dialog)->count(); ++row) {
-        texts << listOf(dialog)->item(row)->text();
-    }
-    return texts;
-}
-
-void click(QWidget* dialog, const char* name) {
-    dialog->findChild<QPushButton*>(QString::fromLatin1(name))->click();
-}
-
-void type(QWidget* dialog, const char* edit, const QString& text) {
-    auto* box = dialog->findChild<QLineEdit*>(QString::fromLatin1(edit));
-    box->clear();
-    QTest::keyClicks(box, text);
-}
-
-// Selects row (when not empty) and presses button: "c1" OK, "c1002" Add, "c1030" Delete.
-void press(QWidget* dialog, const char* button, const QString& row = {}) {
-    if (!row.isEmpty()) {
-        listOf(dialog)->setCurrentItem(listOf(dialog)->findItems(row, Qt::MatchExactly).value(0));
-    }
-    click(dialog, button);
-}
-
-// Answers the next confirmation with typed in its 'yes' box (unless null) and button; its text goes to asked.
-void answerConfirm(const char* button, QString* asked = nullptr, const QString& typed = {}) {
-    whenShown(QStringLiteral("ConfirmDialog"), [=](QWidget* dialog) {
-        if (asked != nullptr) {
-            *asked = dialog->findChild<QLabel*>(QStringLiteral("c1310"))->text();
-        }
-        if (!typed.isNull()) {
-            type(dialog, "c1312", typed);
-        }
-        click(dialog, button);
-    });
-}
-
 void chooseUser(const QString& text, QStringList* shown = nullptr) {
     whenShown(QStringLiteral("SelectUserDialog"), [=](QWidget* dialog) {
         if (shown != nullptr) {
-            *shown = rowsOf(dialog);
+            *shown = listRows(dialog);
         }
         press(dialog, "c1", text);
     });
@@ -117,7 +74,7 @@ TEST_F(UsersTest, SwitchUserMakesTheChosenUserCurrentReloadsEveryPageTwiceAndIsK
     QString title;
     bool stayedOpen = false;
     whenShown(QStringLiteral("SelectUserDialog"), [&](QWidget* dialog) {
-        shown = rowsOf(dialog);
+        shown = listRows(dialog);
         title = screen().navigationBar().title();
         press(dialog, "c1");
         stayedOpen = dialog->isVisible();
@@ -149,7 +106,7 @@ TEST_F(UsersTest, AddNewUserOpensTheEditorWhoseAddedUserBecomesCurrentOrElseTheD
     for (const char* answer : {"c1", "c2"}) {
         chooseUser("<add new user>");
         whenShown(QStringLiteral("ItemListDialog"), [&](QWidget* editor) {
-            type(editor, "c1008", answer == QString("c1") ? "Zoe" : "Max");
+            typeText(editor, "c1008", answer == QString("c1") ? "Zoe" : "Max");
             press(editor, "c1002");
             answerConfirm(answer, &offer);
             press(editor, "c1");
@@ -175,12 +132,12 @@ TEST_F(UsersTest, ManageUsersRefusesBadNamesOffersTheTypedOneAndChangesNothingUn
     QString prompts;
     manageUsers([&](QWidget* editor) {
         prompts = editor->findChild<QLabel*>("c1065")->text() + " / " + editor->findChild<QLabel*>("c1066")->text();
-        type(editor, "c1008", "Ann/Bob");
+        typeText(editor, "c1008", "Ann/Bob");
         press(editor, "c1002");
-        type(editor, "c1008", "Cy");
+        typeText(editor, "c1008", "Cy");
         // The offer to add the name still typed, then the one to make it current, declined.
         whenShown(QStringLiteral("ConfirmDialog"), [&](QWidget* confirm) {
-            click(confirm, "c1");
+            press(confirm, "c1");
             answerConfirm("c2", &offer);
         });
         press(editor, "c1");
@@ -211,7 +168,7 @@ TEST_F(UsersTest, DeletingAUserNeedsYesTypedAndOk) {
         press(editor, "c1030", "Ann");
         answerConfirm("c1", nullptr, "yes");
         press(editor, "c1030", "Ann");
-        shown = rowsOf(editor);
+        shown = listRows(editor);
         press(editor, "c1");
     });
     EXPECT_EQ(asked, "This will delete the user and their Kovalin data.  To proceed, type 'yes' in the box and click "
@@ -251,7 +208,7 @@ TEST_F(UsersTest, DeletingTheCurrentUserAsksForAnotherAndARowAlreadyGoneIsReport
         chooseUser("<add new user>");
         press(editor, "c1030", "Cy");
         editorOpen = editor->isVisible();
-        type(editor, "c1008", "Dee");
+        typeText(editor, "c1008", "Dee");
         press(editor, "c1002");
         answerConfirm("c2");
         press(editor, "c1");
@@ -278,7 +235,7 @@ TEST_F(UsersTest, AUserSwitchedToKeepsOnlyWhatIsTypedOnHisOwnNewDayOnEveryPage) 
     start(false, &pages);
     // Added and made current in Manage Users: the pages are reloaded once.
     manageUsers([](QWidget* editor) {
-        type(editor, "c1008", "Bob");
+        typeText(editor, "c1008", "Bob");
         press(editor, "c1002");
         answerConfirm("c1");
         press(editor, "c1");
