@@ -91,48 +91,45 @@ TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneS
     EXPECT_EQ(storedDays().props(kFood, kToday), "64:64,1132:31");
     EXPECT_EQ(control<NotesEdit>(IDC_FOOD_NOTES)->notes(), "<Click to add Notes>");
 
-    // Refused values first: a message each, and still nothing but the key and the notes.
-    struct Refused {
+    // Refused values first: a message each, and still nothing but the key and the notes; then each
+    // accepted value is saved at once under its own id and type.
+    const struct {
         int id;
         const char* typed;
-        const char* message;
-    };
-    const Refused refused[] = {
+        const char* message; // nullptr: accepted
+        int number, type;
+        double stored;
+    } entries[] = {
         {IDC_FOOD_WATER, "100", "Please enter an integer between 0 and 99."},
         {IDC_FOOD_WEIGHT, "1000", "Please enter an integer between 0 and 999."},
         {IDC_FOOD_BODYFAT, "102.5", "Please enter a number between 0 and 102.4."},
         {IDC_FOOD_SLEEP, "24.1", "Please enter a number between 0 and 24."},
         {IDC_FOOD_CALVES, "1000", "Please enter a number between 0 and 999.9."},
         {IDC_FOOD_RESTHR, "6a", "Please enter an integer."},
+        {IDC_FOOD_WATER, "99", nullptr, 1001, kI2, 99},
+        {IDC_FOOD_WEIGHT, "999", nullptr, 1002, kI2, 999},
+        {IDC_FOOD_BODYFAT, "102.4", nullptr, 1003, kR8, 102.4},
+        {IDC_FOOD_SLEEP, "24", nullptr, 1147, kR8, 24},
+        {IDC_FOOD_SYSTOLIC, "121", nullptr, 1154, kI2, 121},
+        {IDC_FOOD_DIASTOLIC, "79", nullptr, 1155, kI2, 79},
+        {IDC_FOOD_RESTHR, "0", nullptr, 1156, kI2, 0},
+        {IDC_FOOD_CHEST, "999.9", nullptr, 1151, kR8, 999.9},
+        {IDC_FOOD_BICEPS, "15.25", nullptr, 1150, kR8, 15.25},
+        {IDC_FOOD_WAIST, "32", nullptr, 1146, kR8, 32},
+        {IDC_FOOD_QUADS, "24.5", nullptr, 1148, kR8, 24.5},
+        {IDC_FOOD_CALVES, "15", nullptr, 1149, kR8, 15},
     };
-    for (const Refused& entry : refused) {
+    for (const auto& entry : entries) {
         m_boxes.clear();
         typeNumber(control<NumberEdit>(entry.id), QString::fromLatin1(entry.typed));
-        EXPECT_EQ(m_boxes.texts(), QStringList{QString::fromLatin1(entry.message)}) << entry.id;
+        if (entry.message != nullptr) {
+            EXPECT_EQ(m_boxes.texts(), QStringList{QString::fromLatin1(entry.message)}) << entry.typed;
+            EXPECT_EQ(storedDays().propCount(kFood, kToday), 2) << entry.typed;
+        } else {
+            EXPECT_TRUE(m_boxes.texts().isEmpty()) << entry.typed;
+            EXPECT_DOUBLE_EQ(value(entry.number, entry.type).toDouble(), entry.stored) << entry.number;
+        }
     }
-    EXPECT_EQ(storedDays().propCount(kFood, kToday), 2);
-
-    struct Typed {
-        int id;
-        const char* typed;
-        int number;
-        int type;
-        double stored;
-    };
-    const Typed typed[] = {
-        {IDC_FOOD_WATER, "99", 1001, kI2, 99},         {IDC_FOOD_WEIGHT, "999", 1002, kI2, 999},
-        {IDC_FOOD_BODYFAT, "102.4", 1003, kR8, 102.4}, {IDC_FOOD_SLEEP, "24", 1147, kR8, 24},
-        {IDC_FOOD_SYSTOLIC, "121", 1154, kI2, 121},    {IDC_FOOD_DIASTOLIC, "79", 1155, kI2, 79},
-        {IDC_FOOD_RESTHR, "0", 1156, kI2, 0},          {IDC_FOOD_CHEST, "999.9", 1151, kR8, 999.9},
-        {IDC_FOOD_BICEPS, "15.25", 1150, kR8, 15.25},  {IDC_FOOD_WAIST, "32", 1146, kR8, 32},
-        {IDC_FOOD_QUADS, "24.5", 1148, kR8, 24.5},     {IDC_FOOD_CALVES, "15", 1149, kR8, 15},
-    };
-    m_boxes.clear();
-    for (const Typed& entry : typed) {
-        typeNumber(control<NumberEdit>(entry.id), QString::fromLatin1(entry.typed));
-        EXPECT_DOUBLE_EQ(value(entry.number, entry.type).toDouble(), entry.stored) << entry.number;
-    }
-    EXPECT_TRUE(m_boxes.texts().isEmpty());
     // The first save wrote all fifteen values: a drop-down's "no choice" as the all-ones value.
     EXPECT_EQ(value(1153, kI2).toInt(), -1);
 
