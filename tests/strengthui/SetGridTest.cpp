@@ -178,19 +178,14 @@ TEST_F(SetGridTest, PickingTheFirstExercisePullsTheSetsItLastLedOrFillsTheNextRo
     open(ID_UPPER_CHEST);
     focus(row(0).reps);
 
-    auto pick = [this](const QString& exercise, QStringList* listed = nullptr) {
-        whenShown(QStringLiteral("SelectExerciseDialog"), [&, exercise](QWidget* dialog) {
-            auto* list = dialog->findChild<QListWidget*>(QStringLiteral("c1330"));
-            for (int item = 0; listed != nullptr && item < list->count(); ++item) {
-                *listed << list->item(item)->text();
-            }
-            list->setCurrentItem(list->findItems(exercise, Qt::MatchExactly).value(0));
-            dialog->findChild<QPushButton*>(QStringLiteral("c1"))->click();
-        });
-        trigger(ID_GRID_SELECTEXERCISE);
-    };
     QStringList listed;
-    pick("Dumbbell Flyes", &listed);
+    whenShown(QStringLiteral("SelectExerciseDialog"), [&listed](QWidget* dialog) {
+        auto* list = dialog->findChild<QListWidget*>(QStringLiteral("c1330"));
+        listed = itemTexts(list);
+        list->setCurrentItem(list->findItems("Dumbbell Flyes", Qt::MatchExactly).value(0));
+        dialog->findChild<QPushButton*>(QStringLiteral("c1"))->click();
+    });
+    trigger(ID_GRID_SELECTEXERCISE);
     EXPECT_EQ(listed, kChestSorted);
     EXPECT_EQ(shownRow(0), "Dumbbell Flyes|12|30|1|6");
     EXPECT_EQ(shownRow(1), "Dumbbell Flyes|10|35|1|7");
