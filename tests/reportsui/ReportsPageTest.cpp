@@ -18,11 +18,7 @@ class ReportsPageTest : public ScreenTest {
 protected:
     ReportsPage& showPage() { return ScreenTest::showPage<ReportsPage>(kReportsTab); }
     ReportsPage& page() const { return pageOf<ReportsPage>(kReportsTab); }
-    DeviceCombo* combo(int id) const {
-        auto* found = page().findChild<DeviceCombo*>(QStringLiteral("c%1").arg(id));
-        EXPECT_NE(found, nullptr) << "no drop-down " << id;
-        return found;
-    }
+    DeviceCombo* combo(int id) const { return control<DeviceCombo>(page(), id); }
     QStringList items(int id) const { return itemTexts(combo(id)); }
     // Opens the drop-down, scrolls its list to the item and taps it.
     void choose(int id, const QString& text) {
