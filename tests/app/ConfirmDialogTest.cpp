@@ -18,33 +18,37 @@ struct Answer {
 
 class ConfirmDialogTest : public ShellTest {
 protected:
-    // Asks request and answers it: types into the 'yes' box, ticks the check box, presses button.
-    ConfirmResult ask(const ConfirmRequest& request, const Answer& answer) {
-        whenShown(QStringLiteral("ConfirmDialog"), [&](QWidget* dialog) {
-            m_yesShown = dialog->findChild<QLineEdit*>(QStringLiteral("c1312"))->isVisible() &&
-                         dialog->findChild<QLabel*>(QStringLiteral("c1311"))->isVisible();
-            m_checkShown = dialog->findChild<QCheckBox*>(QStringLiteral("c1313"))->isVisible();
-            m_text = dialog->findChild<QLabel*>(QStringLiteral("c1310"))->text();
+    // Answers the next confirmation: types into the 'yes' box, ticks the check box, presses the button.
+    // What it showed goes to m_shown, and the number of message boxes shown before it to m_boxesBefore.
+    void answer(const Answer& answer) {
+        whenShown(QStringLiteral("ConfirmDialog"), [this, answer](QWidget* dialog) {
+            m_shown.text = dialog->findChild<QLabel*>(QStringLiteral("c1310"))->text();
+            m_shown.yesBox = dialog->findChild<QLineEdit*>(QStringLiteral("c1312"))->isVisible() &&
+                             dialog->findChild<QLabel*>(QStringLiteral("c1311"))->isVisible();
+            m_shown.dontShowBox = dialog->findChild<QCheckBox*>(QStringLiteral("c1313"))->isVisible();
+            m_boxesBefore << static_cast<int>(m_boxes.texts().size());
             dialog->findChild<QLineEdit*>(QStringLiteral("c1312"))->setText(answer.typed);
             dialog->findChild<QCheckBox*>(QStringLiteral("c1313"))->setChecked(answer.tick);
             dialog->findChild<QPushButton*>(QLatin1String(answer.button))->click();
         });
+    }
+    ConfirmResult ask(const ConfirmRequest& request, const Answer& given) {
+        answer(given);
         ConfirmDialog dialog(nullptr);
         return dialog.ask(request);
     }
     static ConfirmRequest yesMode() { return {QStringLiteral("This will delete the user."), true, false}; }
 
-    bool m_yesShown = false;
-    bool m_checkShown = false;
-    QString m_text;
+    ConfirmRequest m_shown;
+    QList<int> m_boxesBefore;
 };
 } // namespace
 
 TEST_F(ConfirmDialogTest, InYesModeOnlyTheExactLowerCaseWordConfirms) {
     EXPECT_EQ(ask(yesMode(), {QStringLiteral("yes")}), (ConfirmResult{true, true}));
-    EXPECT_TRUE(m_yesShown);
-    EXPECT_FALSE(m_checkShown);
-    EXPECT_EQ(m_text, QStringLiteral("This will delete the user."));
+    EXPECT_TRUE(m_shown.yesBox);
+    EXPECT_FALSE(m_shown.dontShowBox);
+    EXPECT_EQ(m_shown.text, QStringLiteral("This will delete the user."));
     for (const char* typed : {"Yes", "YES", "yes ", "", "y"}) {
         EXPECT_EQ(ask(yesMode(), {QString::fromLatin1(typed)}), (ConfirmResult{true, false})) << typed;
     }
@@ -54,12 +58,12 @@ TEST_F(ConfirmDialogTest, InYesModeOnlyTheExactLowerCaseWordConfirms) {
 TEST_F(ConfirmDialogTest, WithoutYesModeOkConfirmsAndTheCheckBoxWritesDontShowOnlyWithOk) {
     const ConfirmRequest plain{QStringLiteral("Make Ann the current user?"), false, false};
     EXPECT_EQ(ask(plain, {}), (ConfirmResult{true, true}));
-    EXPECT_FALSE(m_yesShown);
-    EXPECT_FALSE(m_checkShown);
+    EXPECT_FALSE(m_shown.yesBox);
+    EXPECT_FALSE(m_shown.dontShowBox);
 
     const ConfirmRequest notice{QStringLiteral("Notes"), false, true};
     EXPECT_EQ(ask(notice, {{}, false, "c1"}), (ConfirmResult{true, true}));
-    EXPECT_TRUE(m_checkShown);
+    EXPECT_TRUE(m_shown.dontShowBox);
     EXPECT_FALSE(stored(Settings::kDontShow).isValid());
     EXPECT_EQ(ask(notice, {{}, true, "c2"}), (ConfirmResult{false, false}));
     EXPECT_FALSE(stored(Settings::kDontShow).isValid());
@@ -71,37 +75,25 @@ TEST_F(ConfirmDialogTest, WithoutYesModeOkConfirmsAndTheCheckBoxWritesDontShowOn
 
 TEST_F(ConfirmDialogTest, StartUpAnnouncesVersionOneDataThenShowsTheReleaseNotesUntilTheUserAsksNotToSeeThemAgain) {
     ShellPageFactory pages;
-    ConfirmRequest shown;
-    QList<int> boxesBefore;
-    auto answer = [&](bool tick) {
-        whenShown(QStringLiteral("ConfirmDialog"), [&, tick](QWidget* dialog) {
-            shown.text = dialog->findChild<QLabel*>(QStringLiteral("c1310"))->text();
-            shown.yesBox = dialog->findChild<QLineEdit*>(QStringLiteral("c1312"))->isVisible();
-            shown.dontShowBox = dialog->findChild<QCheckBox*>(QStringLiteral("c1313"))->isVisible();
-            boxesBefore << static_cast<int>(m_boxes.texts().size());
-            dialog->findChild<QCheckBox*>(QStringLiteral("c1313"))->setChecked(tick);
-            dialog->findChild<QPushButton*>(QStringLiteral("c1"))->click();
-        });
-    };
     // No version 1 data: the notes alone; unticked, OK leaves them on for the next start.
-    answer(false);
+    answer({});
     start(true, &pages);
-    EXPECT_TRUE(shown.text.startsWith(QStringLiteral("*Kovalin 2.0 Release Notes:")));
-    EXPECT_TRUE(shown.text.contains(QStringLiteral(
+    EXPECT_TRUE(m_shown.text.startsWith(QStringLiteral("*Kovalin 2.0 Release Notes:")));
+    EXPECT_TRUE(m_shown.text.contains(QStringLiteral(
         "- For best performance, perform a soft reset of your Pocket PC after installing Kovalin.  Periodically, if "
         "the program seems to load slowly, a soft reset can help.")));
-    EXPECT_TRUE(shown.text.contains(QStringLiteral("user guide")));
-    EXPECT_TRUE(shown.text.contains(QStringLiteral("support@")));
-    EXPECT_FALSE(shown.yesBox);
-    EXPECT_TRUE(shown.dontShowBox);
+    EXPECT_TRUE(m_shown.text.contains(QStringLiteral("user guide")));
+    EXPECT_TRUE(m_shown.text.contains(QStringLiteral("support@")));
+    EXPECT_FALSE(m_shown.yesBox);
+    EXPECT_TRUE(m_shown.dontShowBox);
     EXPECT_FALSE(stored(Settings::kDontShow).isValid());
 
     // Version 1 data is announced before the notes; ticked, OK turns both off.
     m_screen.reset();
     ASSERT_TRUE(RecordDatabase::Create(QStringLiteral("KovUpperBody"), 12345, PROP_TAG(CEVT_FILETIME, 64)));
-    answer(true);
+    answer({{}, true});
     start(true, &pages);
-    EXPECT_EQ(boxesBefore, QList<int>({0, 1}));
+    EXPECT_EQ(m_boxesBefore, QList<int>({0, 1}));
     EXPECT_EQ(m_boxes.texts(),
               QStringList{"Version 1.x Kovalin data is on your device.  If you would like to import it "
                           "into Kovalin 2.0, choose 'Menu' 'Utilities' and 'Import.'"});
@@ -109,8 +101,8 @@ TEST_F(ConfirmDialogTest, StartUpAnnouncesVersionOneDataThenShowsTheReleaseNotes
 
     m_screen.reset();
     m_boxes.clear();
-    answer(false);
+    answer({});
     start(true, &pages);
-    EXPECT_EQ(boxesBefore.size(), 2) << "the notes came up again";
+    EXPECT_EQ(m_boxesBefore.size(), 2) << "the notes came up again";
     EXPECT_TRUE(m_boxes.texts().isEmpty());
 }

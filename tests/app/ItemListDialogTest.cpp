@@ -18,27 +18,12 @@ protected:
         whenShown(QStringLiteral("ItemListDialog"), std::move(act));
         return main().editItemList(database);
     }
-    static QStringList rows(QWidget* dialog) {
-        QStringList texts;
-        auto* list = dialog->findChild<QListWidget*>(QStringLiteral("c1028"));
-        for (int row = 0; row < list->count(); ++row) {
-            texts << list->item(row)->text();
-        }
-        return texts;
-    }
     // Types text where the focus is, as a person does (the editor opens, and Add leaves it, in the edit
     // box), and taps Add.
     static void add(QWidget* dialog, const QString& text) {
         dialog->findChild<QLineEdit*>(QStringLiteral("c1008"))->clear();
         QTest::keyClicks(QApplication::focusWidget(), text);
         QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("c1002")), Qt::LeftButton);
-    }
-    static void select(QWidget* dialog, const QString& text) {
-        auto* list = dialog->findChild<QListWidget*>(QStringLiteral("c1028"));
-        list->setCurrentItem(list->findItems(text, Qt::MatchExactly).value(0));
-    }
-    static void click(QWidget* dialog, const char* name) {
-        dialog->findChild<QPushButton*>(QString::fromLatin1(name))->click();
     }
     static QString prompt(QWidget* dialog, int id) {
         return dialog->findChild<QLabel*>(QStringLiteral("c%1").arg(id))->text();
@@ -57,14 +42,14 @@ TEST_F(ItemListDialogTest, AddsNamesOnceEachAndCreatesAMissingListEmpty) {
     QString prompts;
     const QString added = edit("KovTestList", [&](QWidget* dialog) {
         prompts = prompt(dialog, 1065) + " / " + prompt(dialog, 1066);
-        shown << rows(dialog).join('|');
+        shown << listRows(dialog).join('|');
         add(dialog, "Leg Press");
         add(dialog, "Bench Dips");
         add(dialog, "Bench Dips");
         add(dialog, "bench dips");
         add(dialog, "");
-        shown << rows(dialog).join('|');
-        click(dialog, "c1");
+        shown << listRows(dialog).join('|');
+        press(dialog, "c1");
     });
     EXPECT_EQ(prompts, "Enter an item here, and click 'add'... / ...or highlight an existing item and choose "
                        "'Delete' to remove it.");
@@ -79,16 +64,14 @@ TEST_F(ItemListDialogTest, DeletesTheSelectedNameWithoutAskingAndSaysWhatWentWro
     ASSERT_TRUE(NameList("KovTestList").ensureExists({"Leg Press", "Squats", "Lunges"}));
     QStringList shown;
     edit("KovTestList", [&](QWidget* dialog) {
-        click(dialog, "c1030");
-        select(dialog, "Squats");
-        click(dialog, "c1030");
-        shown << rows(dialog).join('|');
+        press(dialog, "c1030");
+        press(dialog, "c1030", "Squats");
+        shown << listRows(dialog).join('|');
         // Gone behind the editor's back.
         ASSERT_TRUE(NameList("KovTestList").remove("Lunges"));
-        select(dialog, "Lunges");
-        click(dialog, "c1030");
-        shown << rows(dialog).join('|');
-        click(dialog, "c1");
+        press(dialog, "c1030", "Lunges");
+        shown << listRows(dialog).join('|');
+        press(dialog, "c1");
     });
     EXPECT_EQ(shown, QStringList({"Leg Press|Lunges", "Leg Press|Lunges"}));
     EXPECT_EQ(m_boxes.texts(), QStringList({"Please select an item to delete", "Error deleting entry"}));
@@ -101,13 +84,10 @@ TEST_F(ItemListDialogTest, OkOffersToAddTheNameStillTyped) {
                           "continue without adding.";
     for (const char* answer : {"c2", "c1"}) {
         QString asked;
-        whenShown(QStringLiteral("ConfirmDialog"), [&asked, answer](QWidget* confirm) {
-            asked = confirm->findChild<QLabel*>(QStringLiteral("c1310"))->text();
-            confirm->findChild<QPushButton*>(QString::fromLatin1(answer))->click();
-        });
+        answerConfirm(answer, &asked);
         const QString added = edit("KovTestList", [](QWidget* dialog) {
             QTest::keyClicks(dialog->findChild<QLineEdit*>(QStringLiteral("c1008")), "Rows");
-            click(dialog, "c1");
+            press(dialog, "c1");
         });
         EXPECT_EQ(asked, offer);
         EXPECT_EQ(added, QString::fromLatin1(answer) == "c1" ? "Rows" : "");

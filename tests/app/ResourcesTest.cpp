@@ -68,8 +68,11 @@ TEST(ResourcesTest, TheIconComesInTwoSizesAndEveryPictureIsDrawn) {
     EXPECT_EQ(icon.availableSizes(), (QList<QSize>{QSize(32, 32), QSize(16, 16)}));
     EXPECT_GT(opaquePixels(icon.pixmap(16, 16)), 100);
     EXPECT_TRUE(Bitmaps::icon(129).isNull());
-    for (int id : {280, 281}) {
-        EXPECT_GT(opaquePixels(Bitmaps::masked(id)), 20) << id;
+    // The tabs' pictures and the two others: drawn, with part of each masked away.
+    for (int id : {145, 146, 147, 148, 149, 150, 181, 280, 281}) {
+        const QPixmap picture = Bitmaps::masked(id);
+        EXPECT_GT(opaquePixels(picture), 20) << id;
+        EXPECT_LT(opaquePixels(picture), picture.width() * picture.height() - 10) << id;
     }
     EXPECT_TRUE(Bitmaps::load(999).isNull());
 }

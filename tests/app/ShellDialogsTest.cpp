@@ -5,9 +5,9 @@
 #include "MessageBox.h"
 #include "NavigationBar.h"
 #include "ShellTestSupport.h"
+#include "VolumeFiles.h"
 
 #include <QDir>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -16,13 +16,7 @@
 #include <QToolButton>
 
 namespace {
-class ShellDialogsTest : public ShellTest {
-protected:
-    QByteArray goalsBytes() const {
-        QFile file(m_device.paths().hostPath(QStringLiteral("\\Windows\\goals.dat")));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-};
+class ShellDialogsTest : public ShellTest {};
 } // namespace
 
 TEST_F(ShellDialogsTest, GoalsAreKeptInTheGoalsFileAsUtf16AndShownAgain) {
@@ -33,7 +27,8 @@ TEST_F(ShellDialogsTest, GoalsAreKeptInTheGoalsFileAsUtf16AndShownAgain) {
         dialog->findChild<QPushButton*>(QStringLiteral("c1"))->click();
     });
     trigger(32829);
-    const QByteArray bytes = goalsBytes();
+    const QString goals = m_device.paths().hostPath(QStringLiteral("\\Windows\\goals.dat"));
+    const QByteArray bytes = VolumeFiles::readFile(goals);
     ASSERT_TRUE(bytes.startsWith("\xFF\xFE"));
     EXPECT_EQ(bytes.mid(2, 6), QByteArray("R\0u\0n\0", 6));
     EXPECT_EQ(GoalsFile::read(), QStringLiteral("Run 10 km\nBench 80 kg"));
@@ -50,10 +45,7 @@ TEST_F(ShellDialogsTest, GoalsAreKeptInTheGoalsFileAsUtf16AndShownAgain) {
     EXPECT_EQ(GoalsFile::read(), QStringLiteral("Run 10 km\nBench 80 kg"));
 
     // A goals file written elsewhere as plain UTF-8 reads too.
-    QFile plain(m_device.paths().hostPath(QStringLiteral("\\Windows\\goals.dat")));
-    ASSERT_TRUE(plain.open(QIODevice::WriteOnly));
-    plain.write("Lose 2 kg \xE2\x80\x93 by June");
-    plain.close();
+    VolumeFiles::writeFile(goals, "Lose 2 kg \xE2\x80\x93 by June");
     EXPECT_EQ(GoalsFile::read(), QStringLiteral("Lose 2 kg \u2013 by June"));
 }
 
@@ -77,10 +69,8 @@ TEST_F(ShellDialogsTest, AboutHelpPhotoAndTheFunctionsOfLaterVersionsTellTheUser
     EXPECT_TRUE(m_boxes.texts()[1].contains(QDir(m_device.paths().programFolder()).absolutePath()));
 
     // A picture that is not a JPEG is reported, not shown.
-    QFile broken(m_device.paths().hostPath(QStringLiteral("\\Program Files\\Kovalin\\picture.jpg")));
-    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
-    broken.write("not a picture");
-    broken.close();
+    const QString picture = m_device.paths().hostPath(QStringLiteral("\\Program Files\\Kovalin\\picture.jpg"));
+    VolumeFiles::writeFile(picture, "not a picture");
     trigger(32834);
     ASSERT_EQ(m_boxes.texts().size(), 3);
     EXPECT_TRUE(m_boxes.texts()[2].startsWith(QStringLiteral("\\Program Files\\Kovalin\\picture.jpg cannot be shown")));
@@ -88,7 +78,7 @@ TEST_F(ShellDialogsTest, AboutHelpPhotoAndTheFunctionsOfLaterVersionsTellTheUser
     // A real one is shown below the navigation bar until it is tapped.
     QImage photo(240, 290, QImage::Format_RGB32);
     photo.fill(Qt::darkGreen);
-    ASSERT_TRUE(photo.save(broken.fileName(), "JPEG"));
+    ASSERT_TRUE(photo.save(picture, "JPEG"));
     QRect where;
     whenShown(QStringLiteral("PhotoViewer"), [&](QWidget* viewer) {
         where = QRect(viewer->mapTo(m_screen.get(), QPoint(0, 0)), viewer->size());
@@ -97,7 +87,6 @@ TEST_F(ShellDialogsTest, AboutHelpPhotoAndTheFunctionsOfLaterVersionsTellTheUser
     trigger(32834);
     EXPECT_EQ(where, QRect(0, 26, 240, 294));
     EXPECT_EQ(m_boxes.texts().size(), 3);
-
 }
 
 TEST_F(ShellDialogsTest, TheMessageBoxPresenterShowsTheBoxOnTheScreenAndReturnsTheButtonPressed) {

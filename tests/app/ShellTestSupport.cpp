@@ -1,5 +1,6 @@
 #include "ShellTestSupport.h"
 
+#include "Clock.h"
 #include "CommandBar.h"
 #include "DeviceFonts.h"
 #include "KovalinApp.h"
@@ -9,7 +10,9 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QMenu>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -102,6 +105,41 @@ void whenShown(const QString& name, std::function<void(QWidget*)> act) {
         }
     });
     poll->start();
+}
+
+QStringList listRows(QWidget* dialog) {
+    const auto* list = dialog->findChild<QListWidget*>(QStringLiteral("c1028"));
+    QStringList rows;
+    for (int row = 0; row < list->count(); ++row) {
+        rows << list->item(row)->text();
+    }
+    return rows;
+}
+
+void press(QWidget* dialog, const char* name, const QString& row) {
+    if (!row.isEmpty()) {
+        auto* list = dialog->findChild<QListWidget*>(QStringLiteral("c1028"));
+        list->setCurrentItem(list->findItems(row, Qt::MatchExactly).value(0));
+    }
+    dialog->findChild<QPushButton*>(QString::fromLatin1(name))->click();
+}
+
+void typeText(QWidget* dialog, const char* name, const QString& text) {
+    auto* edit = dialog->findChild<QLineEdit*>(QString::fromLatin1(name));
+    edit->clear();
+    QTest::keyClicks(edit, text);
+}
+
+void answerConfirm(const char* button, QString* asked, const QString& typed) {
+    whenShown(QStringLiteral("ConfirmDialog"), [=](QWidget* dialog) {
+        if (asked != nullptr) {
+            *asked = dialog->findChild<QLabel*>(QStringLiteral("c1310"))->text();
+        }
+        if (!typed.isNull()) {
+            typeText(dialog, "c1312", typed);
+        }
+        press(dialog, button);
+    });
 }
 
 bool waitUntil(const std::function<bool()>& condition, int timeoutMs) {
@@ -201,4 +239,36 @@ QStringList ShellTest::rowTexts(const QTreeWidget* list) {
         texts << cells.join('|');
     }
     return texts;
+}
+
+QString ShellTest::headings(const QTreeWidget* list) {
+    QStringList texts;
+    for (int column = 0; column < list->columnCount(); ++column) {
+        texts << list->headerItem()->text(column);
+    }
+    return texts.join('|');
+}
+
+QStringList ShellTest::itemTexts(const QComboBox* box) {
+    QStringList texts;
+    for (int item = 0; item < box->count(); ++item) {
+        texts << box->itemText(item);
+    }
+    return texts;
+}
+
+QStringList ShellTest::itemTexts(const QListWidget* list) {
+    QStringList texts;
+    for (int row = 0; row < list->count(); ++row) {
+        texts << list->item(row)->text();
+    }
+    return texts;
+}
+
+ScreenTest::ScreenTest() {
+    Clock::setFixed(kNow);
+}
+
+ScreenTest::~ScreenTest() {
+    Clock::setFixed(std::nullopt);
 }

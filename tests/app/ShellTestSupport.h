@@ -7,6 +7,8 @@
 #include "MainDialog.h"
 #include "PageFactory.h"
 #include "ScriptedMessageBoxes.h"
+#include "ShellPageFactory.h"
+#include "StoredDays.h"
 #include "TestDevice.h"
 
 #include <QStringList>
@@ -15,7 +17,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QComboBox>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QTreeWidget>
 
 #include <functional>
@@ -64,6 +68,17 @@ public:
 // with a zero-delay timer, so that a modal dialog can be answered from inside its own event loop.
 void whenShown(const QString& name, std::function<void(QWidget*)> act);
 
+// The rows of the dialog's list of names (c1028).
+QStringList listRows(QWidget* dialog);
+// Selects the row that reads row in that list (when row is not empty) and presses the button named name:
+// "c1" OK, "c2" Cancel, "c1002" Add, "c1030" Delete.
+void press(QWidget* dialog, const char* name, const QString& row = {});
+// Clears the line edit named name and types text into it.
+void typeText(QWidget* dialog, const char* name, const QString& text);
+// Answers the next confirmation: text typed into its 'yes' box (unless null), then button; the
+// question it asked goes to asked (when given).
+void answerConfirm(const char* button, QString* asked = nullptr, const QString& typed = {});
+
 // Waits until condition holds (events are processed meanwhile); false after timeoutMs.
 bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 5000);
 
@@ -101,9 +116,39 @@ protected:
     static void typeInto(QLineEdit* edit, const QString& keys, bool replace = false, Qt::Key last = Qt::Key_Return);
     // A list's rows, each as its texts joined by '|'.
     static QStringList rowTexts(const QTreeWidget* list);
+    // A list's column headings joined by '|'.
+    static QString headings(const QTreeWidget* list);
+    // The texts of a drop-down's items, or of a plain list's rows, in order.
+    static QStringList itemTexts(const QComboBox* box);
+    static QStringList itemTexts(const QListWidget* list);
 
     TestDevice m_device;
     ScriptedMessageBoxes m_boxes;
     RecordingPageFactory m_factory;
     std::unique_ptr<DeviceScreen> m_screen;
+};
+
+// The program's own pages on a fresh device, with the clock standing at kNow.
+class ScreenTest : public ShellTest {
+protected:
+    static inline const QDate kToday{2024, 3, 14};
+    static inline const QDateTime kNow{kToday, QTime(9, 41)};
+    // Property types as the logs store them.
+    static constexpr int kI2 = 2, kUI2 = 18, kR8 = 5, kText = 31, kFileTime = 64;
+
+    ScreenTest();
+    ~ScreenTest() override;
+
+    // Starts the program on the first call, then shows the page of tab.
+    template <typename P> P& showPage(int tab) {
+        if (!m_screen) {
+            start(false, &m_pages);
+        }
+        main().SelectPage(tab);
+        return pageOf<P>(tab);
+    }
+    template <typename P> P& pageOf(int tab) const { return *static_cast<P*>(m_screen->mainDialog().page(tab)); }
+    StoredDays storedDays() const { return StoredDays(m_device.paths().objectStore()); }
+
+    ShellPageFactory m_pages;
 };

@@ -2,17 +2,14 @@
 // widgets; the user list and the databases are read back with plain SQL. Which names are refused and
 // which databases a row owns are the user list's (tests/store).
 
-#include "AerobicRecords.h"
 #include "Clock.h"
-#include "FoodRecords.h"
 #include "NavigationBar.h"
-#include "RecordDatabase.h"
 #include "Settings.h"
 #include "ShellPageFactory.h"
 #include "ShellTestSupport.h"
+#include "SqlLogWriter.h"
 #include "SqlReader.h"
 #include "StoredDays.h"
-#include "StrengthRecords.h"
 #include "UserList.h"
 
 #include <QCheckBox>
@@ -26,53 +23,10 @@ namespace {
 const QStringList kReloadAll = {"upper reload", "lower reload",    "aerobic reload", "food reload",
                                 "today reload", "calendar reload", "reports reload"};
 
-QListWidget* listOf(QWidget* dialog) {
-    return dialog->findChild<QListWidget*>(QStringLiteral("c1028"));
-}
-
-QStringList rowsOf(QWidget* dialog) {
-    QStringList texts;
-    for (int row = 0; row < listOf(dialog)->count(); ++row) {
-        texts << listOf(dialog)->item(row)->text();
-    }
-    return texts;
-}
-
-void click(QWidget* dialog, const char* name) {
-    dialog->findChild<QPushButton*>(QString::fromLatin1(name))->click();
-}
-
-void type(QWidget* dialog, const char* edit, const QString& text) {
-    auto* box = dialog->findChild<QLineEdit*>(QString::fromLatin1(edit));
-    box->clear();
-    QTest::keyClicks(box, text);
-}
-
-// Selects row (when not empty) and presses button: "c1" OK, "c1002" Add, "c1030" Delete.
-void press(QWidget* dialog, const char* button, const QString& row = {}) {
-    if (!row.isEmpty()) {
-        listOf(dialog)->setCurrentItem(listOf(dialog)->findItems(row, Qt::MatchExactly).value(0));
-    }
-    click(dialog, button);
-}
-
-// Answers the next confirmation with typed in its 'yes' box (unless null) and button; its text goes to asked.
-void answerConfirm(const char* button, QString* asked = nullptr, const QString& typed = {}) {
-    whenShown(QStringLiteral("ConfirmDialog"), [=](QWidget* dialog) {
-        if (asked != nullptr) {
-            *asked = dialog->findChild<QLabel*>(QStringLiteral("c1310"))->text();
-        }
-        if (!typed.isNull()) {
-            type(dialog, "c1312", typed);
-        }
-        click(dialog, button);
-    });
-}
-
 void chooseUser(const QString& text, QStringList* shown = nullptr) {
     whenShown(QStringLiteral("SelectUserDialog"), [=](QWidget* dialog) {
         if (shown != nullptr) {
-            *shown = rowsOf(dialog);
+            *shown = listRows(dialog);
         }
         press(dialog, "c1", text);
     });
@@ -120,7 +74,7 @@ TEST_F(UsersTest, SwitchUserMakesTheChosenUserCurrentReloadsEveryPageTwiceAndIsK
     QString title;
     bool stayedOpen = false;
     whenShown(QStringLiteral("SelectUserDialog"), [&](QWidget* dialog) {
-        shown = rowsOf(dialog);
+        shown = listRows(dialog);
         title = screen().navigationBar().title();
         press(dialog, "c1");
         stayedOpen = dialog->isVisible();
@@ -152,7 +106,7 @@ TEST_F(UsersTest, AddNewUserOpensTheEditorWhoseAddedUserBecomesCurrentOrElseTheD
     for (const char* answer : {"c1", "c2"}) {
         chooseUser("<add new user>");
         whenShown(QStringLiteral("ItemListDialog"), [&](QWidget* editor) {
-            type(editor, "c1008", answer == QString("c1") ? "Zoe" : "Max");
+            typeText(editor, "c1008", answer == QString("c1") ? "Zoe" : "Max");
             press(editor, "c1002");
             answerConfirm(answer, &offer);
             press(editor, "c1");
@@ -178,12 +132,12 @@ TEST_F(UsersTest, ManageUsersRefusesBadNamesOffersTheTypedOneAndChangesNothingUn
     QString prompts;
     manageUsers([&](QWidget* editor) {
         prompts = editor->findChild<QLabel*>("c1065")->text() + " / " + editor->findChild<QLabel*>("c1066")->text();
-        type(editor, "c1008", "Ann/Bob");
+        typeText(editor, "c1008", "Ann/Bob");
         press(editor, "c1002");
-        type(editor, "c1008", "Cy");
+        typeText(editor, "c1008", "Cy");
         // The offer to add the name still typed, then the one to make it current, declined.
         whenShown(QStringLiteral("ConfirmDialog"), [&](QWidget* confirm) {
-            click(confirm, "c1");
+            press(confirm, "c1");
             answerConfirm("c2", &offer);
         });
         press(editor, "c1");
@@ -208,19 +162,18 @@ TEST_F(UsersTest, DeletingAUserNeedsYesTypedAndOk) {
     start();
     QString asked;
     QStringList shown;
+    // Which words count as yes is the confirmation's own test.
     manageUsers([&](QWidget* editor) {
-        answerConfirm("c1", &asked, "Yes");
-        press(editor, "c1030", "Ann");
-        answerConfirm("c2", nullptr, "yes");
+        answerConfirm("c2", &asked, "yes");
         press(editor, "c1030", "Ann");
         answerConfirm("c1", nullptr, "yes");
         press(editor, "c1030", "Ann");
-        shown = rowsOf(editor);
+        shown = listRows(editor);
         press(editor, "c1");
     });
     EXPECT_EQ(asked, "This will delete the user and their Kovalin data.  To proceed, type 'yes' in the box and click "
                      "OK.");
-    EXPECT_EQ(m_boxes.texts(), QStringList({"Operation Cancelled", "Operation Cancelled"}));
+    EXPECT_EQ(m_boxes.texts(), QStringList{"Operation Cancelled"});
     EXPECT_EQ(shown, QStringList({"<add new user>", "Default"}));
     EXPECT_EQ(storedRows(), "<add new user>|Default");
 }
@@ -255,7 +208,7 @@ TEST_F(UsersTest, DeletingTheCurrentUserAsksForAnotherAndARowAlreadyGoneIsReport
         chooseUser("<add new user>");
         press(editor, "c1030", "Cy");
         editorOpen = editor->isVisible();
-        type(editor, "c1008", "Dee");
+        typeText(editor, "c1008", "Dee");
         press(editor, "c1002");
         answerConfirm("c2");
         press(editor, "c1");
@@ -269,35 +222,20 @@ TEST_F(UsersTest, DeletingTheCurrentUserAsksForAnotherAndARowAlreadyGoneIsReport
 TEST_F(UsersTest, AUserSwitchedToKeepsOnlyWhatIsTypedOnHisOwnNewDayOnEveryPage) {
     const QDate today(2024, 3, 14);
     Clock::setFixed(QDateTime(today, QTime(9, 41)));
-    FoodDayValues food;
-    food.weight = 182;
-    food.bodyFat = 18.5;
-    food.systolic = 120;
-    food.diastolic = 80;
-    food.overall = 7;
-    const FoodRecords defaultFood("Kov2Food");
-    ASSERT_TRUE(defaultFood.EnsureDatabase() && defaultFood.CreateDay(today) != 0 && defaultFood.SaveDay(today, food));
-    WorkoutHeader header;
-    header.start = QDateTime(today, QTime(6, 30));
-    header.end = QDateTime(today, QTime(7, 45));
-    header.completed = 1;
-    header.notes = QStringLiteral("Default's workout");
-    for (const char* region : {"UpperBody", "LowerBody"}) {
-        const StrengthRecords records(QStringLiteral("Kov2A") + region, QStringLiteral("Kov2B") + region);
-        ASSERT_TRUE(records.EnsureDatabases() && records.EnsureDay(today) && records.WriteHeader(today, header));
+    using Log = SqlLogWriter;
+    Log sql(m_device.paths().objectStore());
+    sql.writeDay("Kov2Food", today,
+                 {{1002, Log::kI2, 182}, {1003, Log::kR8, 18.5}, {1154, Log::kI2, 120}, {1152, Log::kI2, 7}});
+    for (const char* log : {"Kov2AUpperBody", "Kov2ALowerBody"}) {
+        sql.writeDay(log, today,
+                     {{102, Log::kI2, 6}, {103, Log::kI2, 30}, {105, Log::kUI2, 1}, Log::text(1132, "Default's")});
     }
-    AerobicExercise run;
-    run.exercise = QStringLiteral("Running");
-    run.distance = 3.5;
-    run.completed = true;
-    run.start = run.end = header.start;
-    const AerobicRecords aerobic("Kov2Aerobic");
-    ASSERT_TRUE(aerobic.EnsureDatabase() && aerobic.CreateDay(today) != 0 && aerobic.SaveExercise(today, 1, run));
+    sql.writeDay("Kov2Aerobic", today, {Log::text(701, "Running"), {722, Log::kR8, 3.5}, {102, Log::kI2, 6}});
     ShellPageFactory pages;
     start(false, &pages);
     // Added and made current in Manage Users: the pages are reloaded once.
     manageUsers([](QWidget* editor) {
-        type(editor, "c1008", "Bob");
+        typeText(editor, "c1008", "Bob");
         press(editor, "c1002");
         answerConfirm("c1");
         press(editor, "c1");

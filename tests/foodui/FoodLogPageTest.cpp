@@ -3,7 +3,6 @@
 
 #include "FoodLogPage.h"
 #include "CeDatabase.h"
-#include "Clock.h"
 #include "DateControl.h"
 #include "FaultyVfs.h"
 #include "FoodRecords.h"
@@ -13,47 +12,31 @@
 #include "NumberEdit.h"
 #include "RatingCombo.h"
 #include "Settings.h"
-#include "ShellPageFactory.h"
 #include "ShellTestSupport.h"
-#include "StoredDays.h"
 #include "TapAndHold.h"
 #include "TimeControl.h"
 #include "UpDownControl.h"
 #include "VolumeFiles.h"
 #include "resource.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPushButton>
 #include <QTest>
 #include <QToolButton>
 #include <QTreeWidget>
 
 namespace {
-constexpr int kI2 = 2, kR8 = 5, kText = 31, kFileTime = 64;
-const QDate kToday(2024, 3, 14);
 const QString kFood = QStringLiteral("Kov2Food");
 
-class FoodLogPageTest : public ShellTest {
+class FoodLogPageTest : public ScreenTest {
 protected:
-    FoodLogPageTest() { Clock::setFixed(QDateTime(kToday, QTime(9, 41))); }
-    ~FoodLogPageTest() override { Clock::setFixed(std::nullopt); }
-
-    FoodLogPage& showPage() {
-        if (!m_screen) {
-            start(false, &m_pages);
-        }
-        main().SelectPage(4);
-        return page();
-    }
-    FoodLogPage& page() const { return *static_cast<FoodLogPage*>(m_screen->mainDialog().page(4)); }
+    FoodLogPage& showPage() { return ScreenTest::showPage<FoodLogPage>(4); }
+    FoodLogPage& page() const { return pageOf<FoodLogPage>(4); }
     template <typename T> T* control(int id) const { return ShellTest::control<T>(page(), id); }
-    StoredDays stored() const { return StoredDays(m_device.paths().objectStore()); }
-    QVariant value(int number, int type) const { return stored().value(kFood, kToday, number, type); }
+    QVariant value(int number, int type) const { return storedDays().value(kFood, kToday, number, type); }
 
     static void typeNumber(QLineEdit* edit, const QString& keys) { typeInto(edit, keys, true); }
     QTreeWidget* list() const { return control<QTreeWidget>(IDC_FOOD_MEALS); }
@@ -75,10 +58,7 @@ protected:
     void answerMealDialog(const QString& time, const QStringList& foods) {
         whenShown(QStringLiteral("MealDialog"), [time, foods](QWidget* dialog) {
             if (!time.isEmpty()) {
-                auto* picker = dialog->findChild<TimeControl*>(QStringLiteral("c%1").arg(IDC_MEAL_TIME));
-                QTest::mouseClick(picker, Qt::LeftButton, {}, QPoint(4, picker->height() / 2));
-                QTest::keyClicks(picker, time);
-                QTest::keyClick(picker, Qt::Key_Return);
+                typeInto(ShellTest::control<TimeControl>(*dialog, IDC_MEAL_TIME), time);
             }
             const int ids[] = {IDC_MEAL_PROTEIN, IDC_MEAL_CARB, IDC_MEAL_VEG, IDC_MEAL_OTHER};
             for (int i = 0; i < 4; ++i) {
@@ -93,7 +73,6 @@ protected:
         });
     }
 
-    ShellPageFactory m_pages;
     TapAndHold m_tapAndHold{30};
 };
 } // namespace
@@ -109,53 +88,49 @@ TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneS
               "Water (cups):|Weight:|%Body Fat:|Sleep:|Sleep Quality:|BP sys/dia:|Rest HR:|Overall Feeling:|Chest:|"
               "Biceps:|Waist:|Quads:|Calves:|Pro:|Carb:|Veg:");
     // A new day holds its key and the notes placeholder only.
-    EXPECT_EQ(stored().props(kFood, kToday), "64:64,1132:31");
+    EXPECT_EQ(storedDays().props(kFood, kToday), "64:64,1132:31");
     EXPECT_EQ(control<NotesEdit>(IDC_FOOD_NOTES)->notes(), "<Click to add Notes>");
 
-    // Refused values first: a message each, and still nothing but the key and the notes.
-    struct Refused {
+    // Refused values first: a message each, and still nothing but the key and the notes; then each
+    // accepted value is saved at once under its own id and type.
+    const struct {
         int id;
         const char* typed;
-        const char* message;
-    };
-    const Refused refused[] = {
+        const char* message; // nullptr: accepted
+        int number, type;
+        double stored;
+    } entries[] = {
         {IDC_FOOD_WATER, "100", "Please enter an integer between 0 and 99."},
         {IDC_FOOD_WEIGHT, "1000", "Please enter an integer between 0 and 999."},
         {IDC_FOOD_BODYFAT, "102.5", "Please enter a number between 0 and 102.4."},
         {IDC_FOOD_SLEEP, "24.1", "Please enter a number between 0 and 24."},
         {IDC_FOOD_CALVES, "1000", "Please enter a number between 0 and 999.9."},
         {IDC_FOOD_RESTHR, "6a", "Please enter an integer."},
+        {IDC_FOOD_WATER, "99", nullptr, 1001, kI2, 99},
+        {IDC_FOOD_WEIGHT, "999", nullptr, 1002, kI2, 999},
+        {IDC_FOOD_BODYFAT, "102.4", nullptr, 1003, kR8, 102.4},
+        {IDC_FOOD_SLEEP, "24", nullptr, 1147, kR8, 24},
+        {IDC_FOOD_SYSTOLIC, "121", nullptr, 1154, kI2, 121},
+        {IDC_FOOD_DIASTOLIC, "79", nullptr, 1155, kI2, 79},
+        {IDC_FOOD_RESTHR, "0", nullptr, 1156, kI2, 0},
+        {IDC_FOOD_CHEST, "999.9", nullptr, 1151, kR8, 999.9},
+        {IDC_FOOD_BICEPS, "15.25", nullptr, 1150, kR8, 15.25},
+        {IDC_FOOD_WAIST, "32", nullptr, 1146, kR8, 32},
+        {IDC_FOOD_QUADS, "24.5", nullptr, 1148, kR8, 24.5},
+        {IDC_FOOD_CALVES, "15", nullptr, 1149, kR8, 15},
     };
-    for (const Refused& entry : refused) {
+    for (const auto& entry : entries) {
         m_boxes.clear();
         typeNumber(control<NumberEdit>(entry.id), QString::fromLatin1(entry.typed));
-        EXPECT_EQ(m_boxes.texts(), QStringList{QString::fromLatin1(entry.message)}) << entry.id;
+        if (entry.message != nullptr) {
+            EXPECT_EQ(m_boxes.texts(), QStringList{QString::fromLatin1(entry.message)}) << entry.typed;
+            EXPECT_EQ(storedDays().propCount(kFood, kToday), 2) << entry.typed;
+        } else {
+            EXPECT_TRUE(m_boxes.texts().isEmpty()) << entry.typed;
+            EXPECT_DOUBLE_EQ(value(entry.number, entry.type).toDouble(), entry.stored) << entry.number;
+        }
     }
-    EXPECT_EQ(stored().propCount(kFood, kToday), 2);
-
-    struct Typed {
-        int id;
-        const char* typed;
-        int number;
-        int type;
-        double stored;
-    };
-    const Typed typed[] = {
-        {IDC_FOOD_WATER, "99", 1001, kI2, 99},         {IDC_FOOD_WEIGHT, "999", 1002, kI2, 999},
-        {IDC_FOOD_BODYFAT, "102.4", 1003, kR8, 102.4}, {IDC_FOOD_SLEEP, "24", 1147, kR8, 24},
-        {IDC_FOOD_SYSTOLIC, "121", 1154, kI2, 121},    {IDC_FOOD_DIASTOLIC, "79", 1155, kI2, 79},
-        {IDC_FOOD_RESTHR, "0", 1156, kI2, 0},          {IDC_FOOD_CHEST, "999.9", 1151, kR8, 999.9},
-        {IDC_FOOD_BICEPS, "15.25", 1150, kR8, 15.25},  {IDC_FOOD_WAIST, "32", 1146, kR8, 32},
-        {IDC_FOOD_QUADS, "24.5", 1148, kR8, 24.5},     {IDC_FOOD_CALVES, "15", 1149, kR8, 15},
-    };
-    m_boxes.clear();
-    for (const Typed& entry : typed) {
-        typeNumber(control<NumberEdit>(entry.id), QString::fromLatin1(entry.typed));
-        EXPECT_DOUBLE_EQ(value(entry.number, entry.type).toDouble(), entry.stored) << entry.number;
-    }
-    EXPECT_TRUE(m_boxes.texts().isEmpty());
-    // The first save wrote all fifteen values: the drop-downs' "no choice" as the all-ones value.
-    EXPECT_EQ(value(1152, kI2).toInt(), -1);
+    // The first save wrote all fifteen values: a drop-down's "no choice" as the all-ones value.
     EXPECT_EQ(value(1153, kI2).toInt(), -1);
 
     // A drop-down saves when a choice is made; the notes lose their placeholder on focus and are
@@ -173,7 +148,7 @@ TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneS
         control<NumberEdit>(IDC_FOOD_WATER)->setFocus();
         EXPECT_EQ(value(1132, kText).toString(), "Slept well");
     }
-    EXPECT_EQ(stored().propCount(kFood, kToday), 16);
+    EXPECT_EQ(storedDays().propCount(kFood, kToday), 16);
 }
 
 TEST_F(FoodLogPageTest, ASaveThatFailsOnAFullDiskIsToldAndThePageShowsWhatIsStored) {
@@ -223,18 +198,13 @@ TEST_F(FoodLogPageTest, MealsAreAddedEditedAndDeletedThroughTheListMenusAndTheMe
     answerMealDialog("7:05a", {"Greek Yogurt", "Oatmeal", "", "Fish Oil"});
     holdAndChoose(-1, ID_FOOD_ADDMEAL, &shown);
     EXPECT_EQ(shown, QStringList{"Add Meal"});
-    QStringList headings;
-    for (int column = 0; column < list()->columnCount(); ++column) {
-        headings << list()->headerItem()->text(column);
-    }
-    EXPECT_EQ(headings, QStringList({"Time", "Protein", "Carb", "Veg", "Other"}));
+    EXPECT_EQ(headings(list()), "Time|Protein|Carb|Veg|Other");
     EXPECT_EQ(rows(), QStringList{"7:05A|Greek Yogurt|Oatmeal||Fish Oil"});
-    EXPECT_EQ(stored().props(kFood, kToday, 1010, 1015), "1010:64,1012:31,1013:31,1014:31,1015:31");
-    EXPECT_EQ(value(1010, kFileTime).toLongLong(), StoredDays::fileTimeOf(QDate(1968, 11, 29), QTime(7, 5, 12, 12)));
+    EXPECT_EQ(storedDays().props(kFood, kToday, 1010, 1015), "1010:64,1012:31,1013:31,1014:31,1015:31");
     EXPECT_EQ(value(1012, kText).toString(), "Greek Yogurt");
     // The columns fill the list and stay apart: the widest time shows whole, a longer name is cut with
     // an ellipsis before the next column.
-    auto* list = control<QTreeWidget>(IDC_FOOD_MEALS);
+    QTreeWidget* list = this->list();
     int columns = 0;
     for (int column = 0; column < FoodLogPage::kColumnCount; ++column) {
         columns += list->header()->sectionSize(column);
@@ -252,14 +222,14 @@ TEST_F(FoodLogPageTest, MealsAreAddedEditedAndDeletedThroughTheListMenusAndTheMe
     EXPECT_EQ(counts(), "1 1 0");
 
     // Cancel stores nothing, whatever was typed.
-    const QString before = stored().props(kFood, kToday);
+    const QString before = storedDays().props(kFood, kToday);
     whenShown(QStringLiteral("MealDialog"), [](QWidget* dialog) {
         QTest::keyClicks(dialog->findChild<QComboBox*>(QStringLiteral("c%1").arg(IDC_MEAL_PROTEIN))->lineEdit(),
                          "Tuna");
         QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDCANCEL)), Qt::LeftButton);
     });
     trigger(ID_FOOD_ADDMEAL);
-    EXPECT_EQ(stored().props(kFood, kToday), before);
+    EXPECT_EQ(storedDays().props(kFood, kToday), before);
     EXPECT_EQ(rows().size(), 2);
 
     shown.clear();
@@ -273,7 +243,7 @@ TEST_F(FoodLogPageTest, MealsAreAddedEditedAndDeletedThroughTheListMenusAndTheMe
     holdAndChoose(0, ID_FOOD_DELETEMEAL);
     EXPECT_TRUE(rows().isEmpty());
     EXPECT_EQ(counts(), "0 0 0");
-    EXPECT_EQ(stored().props(kFood, kToday, 1010, 1021), "1016:64,1018:31,1019:31,1020:31,1021:31");
+    EXPECT_EQ(storedDays().props(kFood, kToday, 1010, 1021), "1016:64,1018:31,1019:31,1020:31,1021:31");
     EXPECT_TRUE(m_boxes.texts().isEmpty());
 }
 
@@ -281,10 +251,7 @@ TEST_F(FoodLogPageTest, TheNowButtonTakesTheClocksTimeAndAListButtonRefillsItsLi
     showPage();
     QStringList carbs;
     whenShown(QStringLiteral("MealDialog"), [&carbs](QWidget* dialog) {
-        auto* picker = dialog->findChild<TimeControl*>(QStringLiteral("c%1").arg(IDC_MEAL_TIME));
-        QTest::mouseClick(picker, Qt::LeftButton, {}, QPoint(4, picker->height() / 2));
-        QTest::keyClicks(picker, "6:15p");
-        QTest::keyClick(picker, Qt::Key_Return);
+        typeInto(ShellTest::control<TimeControl>(*dialog, IDC_MEAL_TIME), "6:15p");
         dialog->findChild<QToolButton*>(QStringLiteral("c%1").arg(IDC_MEAL_NOW))->click();
 
         // The editor adds to the carbohydrate list; the drop-down shows the list as it now stands.
@@ -294,10 +261,8 @@ TEST_F(FoodLogPageTest, TheNowButtonTakesTheClocksTimeAndAListButtonRefillsItsLi
             editor->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDOK))->click();
         });
         dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDC_MEAL_CARBLIST))->click();
-        auto* carb = dialog->findChild<QComboBox*>(QStringLiteral("c%1").arg(IDC_MEAL_CARB));
-        for (int i = 0; i < carb->count(); ++i) {
-            carbs << carb->itemText(i);
-        }
+        auto* carb = ShellTest::control<QComboBox>(*dialog, IDC_MEAL_CARB);
+        carbs = itemTexts(carb);
         carb->setCurrentIndex(carb->findText("quinoa"));
         QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDOK)), Qt::LeftButton);
     });
@@ -305,7 +270,6 @@ TEST_F(FoodLogPageTest, TheNowButtonTakesTheClocksTimeAndAListButtonRefillsItsLi
     EXPECT_EQ(carbs.size(), 14);
     EXPECT_EQ(carbs.value(9), "quinoa");
     EXPECT_EQ(rows(), QStringList{"9:41A||quinoa||"});
-    EXPECT_EQ(value(1010, kFileTime).toLongLong(), StoredDays::fileTimeOf(QDate(1968, 11, 29), QTime(9, 41, 12, 12)));
 }
 
 TEST_F(FoodLogPageTest, AMealThatCannotBeReadIsNotEditedNorDeletedFromADayWhoseRecordIsGone) {
@@ -335,21 +299,15 @@ TEST_F(FoodLogPageTest, AMealThatCannotBeReadIsNotEditedNorDeletedFromADayWhoseR
 
 TEST_F(FoodLogPageTest, ADateChangedHereMovesTheOtherPagesOnlyWhenCkDateIs1) {
     showPage();
-    auto typeDate = [this](const char* date) {
-        auto* picker = control<DateControl>(IDC_FOOD_DATE);
-        QTest::mouseClick(picker, Qt::LeftButton, {}, QPoint(4, picker->height() / 2));
-        QTest::keyClicks(picker, date);
-        QTest::keyClick(picker, Qt::Key_Return);
+    const auto upperDate = [this] {
+        return ShellTest::control<DateControl>(*main().page(1), IDC_STRENGTH_DATE)->date();
     };
-    auto upperDate = [this] {
-        return main().page(1)->findChild<DateControl*>(QStringLiteral("c%1").arg(IDC_STRENGTH_DATE))->date();
-    };
-    typeDate("3/10/2024");
+    typeInto(control<DateControl>(IDC_FOOD_DATE), "3/10/2024");
     EXPECT_EQ(page().shownDate(), QDate(2024, 3, 10));
-    EXPECT_EQ(stored().props(kFood, QDate(2024, 3, 10)), "64:64,1132:31");
+    EXPECT_EQ(storedDays().props(kFood, QDate(2024, 3, 10)), "64:64,1132:31");
     EXPECT_EQ(upperDate(), kToday);
 
     setNumber(Settings::kCkDate, 1);
-    typeDate("3/9/2024");
+    typeInto(control<DateControl>(IDC_FOOD_DATE), "3/9/2024");
     EXPECT_EQ(upperDate(), QDate(2024, 3, 9));
 }

@@ -7,7 +7,6 @@
 #include "AerobicLogPage.h"
 #include "Clock.h"
 #include "Settings.h"
-#include "ShellPageFactory.h"
 #include "ShellTestSupport.h"
 #include "SqlLogWriter.h"
 #include "StrengthLogPage.h"
@@ -19,25 +18,18 @@
 #include <QTest>
 
 namespace {
-const QDate kToday(2024, 3, 14);
-
 SqlLogWriter::Prop text(int number, const QString& value) {
     return SqlLogWriter::text(number, value);
 }
 
-class OverviewPagesTest : public ShellTest {
+class OverviewPagesTest : public ScreenTest {
 protected:
-    OverviewPagesTest() { Clock::setFixed(QDateTime(kToday, QTime(10, 0))); }
-    ~OverviewPagesTest() override { Clock::setFixed(std::nullopt); }
-
     void startProgram() { start(false, &m_pages); }
     int tab() const { return m_screen->mainDialog().tabControl()->currentIndex(); }
-    TodayPage& today() const { return *static_cast<TodayPage*>(m_screen->mainDialog().page(0)); }
-    CalendarPage& calendar() const { return *static_cast<CalendarPage*>(m_screen->mainDialog().page(6)); }
-    QDate dateOf(int index) const {
-        Page* page = m_screen->mainDialog().page(index);
-        return index == 3 ? static_cast<AerobicLogPage*>(page)->shownDate()
-                          : static_cast<StrengthLogPage*>(page)->shownDate();
+    TodayPage& today() const { return pageOf<TodayPage>(0); }
+    CalendarPage& calendar() const { return pageOf<CalendarPage>(6); }
+    QDate dateOf(int tab) const {
+        return tab == 3 ? pageOf<AerobicLogPage>(tab).shownDate() : pageOf<StrengthLogPage>(tab).shownDate();
     }
     void tapToday(const QPoint& point) {
         main().SelectPage(0);
@@ -53,7 +45,6 @@ protected:
         calendar().repaint();
     }
 
-    ShellPageFactory m_pages;
     SqlLogWriter m_sql{m_device.paths().objectStore()};
 };
 } // namespace
@@ -62,8 +53,8 @@ TEST_F(OverviewPagesTest, TodayShowsAThreeItemWorkoutAndAFourItemMealWholeAndTap
     m_sql.writeDay("Kov2Aerobic", kToday, {text(701, "Rowing")});
     m_sql.writeDay("Kov2AUpperBody", kToday, {text(106, "Bench")});
     m_sql.writeDay("Kov2Food", kToday,
-                 {SqlLogWriter::mealTime(1010, 18, 0), text(1012, "Salmon"), text(1013, "Potato"),
-                  text(1014, "Asparagus"), text(1015, "Fish Oil")});
+                   {SqlLogWriter::mealTime(1010, 18, 0), text(1012, "Salmon"), text(1013, "Potato"),
+                    text(1014, "Asparagus"), text(1015, "Fish Oil")});
     startProgram();
     ASSERT_TRUE(waitUntil([this] { return today().workoutText() == "Rowing, Upper Body, Lower Body"; }));
     EXPECT_EQ(today().nextMealText(), "Salmon, Potato, Asparagus, Fish Oil");

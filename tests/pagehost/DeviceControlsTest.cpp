@@ -3,11 +3,10 @@
 
 #include "CalendarPopup.h"
 #include "DateControl.h"
-#include "DeviceFonts.h"
 #include "NotesEdit.h"
 #include "NumberEdit.h"
 #include "RatingCombo.h"
-#include "ScriptedMessageBoxes.h"
+#include "ShellTestSupport.h"
 #include "TimeControl.h"
 #include "UpDownControl.h"
 
@@ -17,31 +16,7 @@
 #include <QTest>
 #include <QToolButton>
 
-#include <gtest/gtest.h>
-
-// Failures print texts as text.
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
-
 namespace {
-class QtEnvironment : public ::testing::Environment {
-public:
-    void SetUp() override {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        static int argc = 1;
-        static char name[] = "pagehost_tests";
-        static char* argv[] = {name, nullptr};
-        m_application = std::make_unique<QApplication>(argc, argv);
-        DeviceFonts::install();
-    }
-    void TearDown() override { m_application.reset(); }
-
-private:
-    std::unique_ptr<QApplication> m_application;
-};
-[[maybe_unused]] ::testing::Environment* const environment = ::testing::AddGlobalTestEnvironment(new QtEnvironment);
-
 // A window of the device's size holding the control under test and a second control to leave to.
 class ControlTest : public ::testing::Test {
 protected:
@@ -100,9 +75,9 @@ TEST_F(DateControlTest, ATypedDateTakesEffectOnceWhenComplete) {
         const char* keys;
         QDate expected;
     } cases[] = {
-        {"4/6/2024", QDate(2024, 4, 6)},   {"3/15/2024", QDate(2024, 3, 15)}, {"462025", QDate(2025, 4, 6)},
-        {"12/25/2024", QDate(2024, 12, 25)}, {"1/5/24", QDate(2024, 1, 5)},   {"1/5/30", QDate(1930, 1, 5)},
-        {"2/29/2024", QDate(2024, 2, 29)},  {"1/1/1601", QDate(1601, 1, 1)},  {"12/31/9999", QDate(9999, 12, 31)},
+        {"4/6/2024", QDate(2024, 4, 6)},     {"3/15/2024", QDate(2024, 3, 15)}, {"462025", QDate(2025, 4, 6)},
+        {"12/25/2024", QDate(2024, 12, 25)}, {"1/5/24", QDate(2024, 1, 5)},     {"1/5/30", QDate(1930, 1, 5)},
+        {"2/29/2024", QDate(2024, 2, 29)},   {"1/1/1601", QDate(1601, 1, 1)},   {"12/31/9999", QDate(9999, 12, 31)},
     };
     for (const auto& typed : cases) {
         m_date->setDate(kShown);
@@ -197,8 +172,8 @@ TEST_F(ControlTest, TimeControlsTakeTypedFieldsInBothPictures) {
         const char* keys;
         QTime expected;
     } cases[] = {
-        {0, "7", QTime(7, 41)},      {0, "11", QTime(11, 41)},  {0, "12:05a", QTime(0, 5)},
-        {2, "05", QTime(9, 5)},      {5, "p", QTime(21, 41)},   {0, "12p", QTime(12, 41)},
+        {0, "7", QTime(7, 41)}, {0, "11", QTime(11, 41)}, {0, "12:05a", QTime(0, 5)},
+        {2, "05", QTime(9, 5)}, {5, "p", QTime(21, 41)},  {0, "12p", QTime(12, 41)},
     };
     for (const auto& typed : cases) {
         time->setTime(QTime(9, 41));

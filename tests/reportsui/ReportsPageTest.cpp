@@ -2,10 +2,8 @@
 // with plain SQL before the program starts.
 
 #include "ReportsPage.h"
-#include "Clock.h"
 #include "DeviceCombo.h"
 #include "Settings.h"
-#include "ShellPageFactory.h"
 #include "ShellTestSupport.h"
 #include "SqlLogWriter.h"
 #include "resource.h"
@@ -14,33 +12,14 @@
 #include <QTest>
 
 namespace {
-constexpr int kI2 = 2, kR8 = 5, kText = 31;
 constexpr int kReportsTab = 5;
-const QDate kToday(2024, 3, 14);
 
-class ReportsPageTest : public ShellTest {
+class ReportsPageTest : public ScreenTest {
 protected:
-    ReportsPageTest() { Clock::setFixed(QDateTime(kToday, QTime(9, 41))); }
-    ~ReportsPageTest() override { Clock::setFixed(std::nullopt); }
-
-    ReportsPage& showPage() {
-        start(false, &m_pages);
-        main().SelectPage(kReportsTab);
-        return page();
-    }
-    ReportsPage& page() const { return *static_cast<ReportsPage*>(m_screen->mainDialog().page(kReportsTab)); }
-    DeviceCombo* combo(int id) const {
-        auto* found = page().findChild<DeviceCombo*>(QStringLiteral("c%1").arg(id));
-        EXPECT_NE(found, nullptr) << "no drop-down " << id;
-        return found;
-    }
-    QStringList items(int id) const {
-        QStringList texts;
-        for (int i = 0; i < combo(id)->count(); ++i) {
-            texts << combo(id)->itemText(i);
-        }
-        return texts;
-    }
+    ReportsPage& showPage() { return ScreenTest::showPage<ReportsPage>(kReportsTab); }
+    ReportsPage& page() const { return pageOf<ReportsPage>(kReportsTab); }
+    DeviceCombo* combo(int id) const { return control<DeviceCombo>(page(), id); }
+    QStringList items(int id) const { return itemTexts(combo(id)); }
     // Opens the drop-down, scrolls its list to the item and taps it.
     void choose(int id, const QString& text) {
         DeviceCombo* box = combo(id);
@@ -67,7 +46,6 @@ protected:
         return texts;
     }
 
-    ShellPageFactory m_pages;
     SqlLogWriter m_sql{m_device.paths().objectStore()};
 };
 } // namespace
