@@ -7,6 +7,7 @@
 // of days and exercises for both; the ratio store / sqlite must stay at most 2.
 
 #include "AerobicRecords.h"
+#include "BenchDay.h"
 #include "BenchMain.h"
 #include "DayKey.h"
 #include "DirectStore.h"
@@ -25,13 +26,8 @@ constexpr int kJobs = 1024;
 constexpr int kGeneratedExercises = 2;
 constexpr std::uint64_t kSequenceSeed = 20240916;
 
-struct DayJob {
-    QDate day;
-    std::int64_t key;
-};
-
 struct SaveJob {
-    DayJob where;
+    BenchDay where;
     int slot;
     AerobicExercise exercise;
     DirectRecord directProps;
@@ -39,28 +35,17 @@ struct SaveJob {
 
 struct Workload {
     QString aerobic;
-    std::vector<DayJob> shows;
+    std::vector<BenchDay> shows;
     std::vector<SaveJob> saves;
 };
-
-DayJob dayJob(const QDate& day) {
-    return {day, static_cast<std::int64_t>(fileTimeTicks(DayKey::of(day)))};
-}
 
 // Days to show and saves into their first two slots (so that every day keeps two exercises).
 void makeJobs(const DeviceGenerator& generator, Workload& workload) {
     static const char* const kNames[] = {"Run", "Bike", "Swim", "Walk", "Rowing"};
     SeededRandom random(kSequenceSeed);
-    const int span = static_cast<int>(generator.firstDay().daysTo(generator.lastDay()));
-    while (static_cast<int>(workload.shows.size()) < kDays) {
-        const DayJob job = dayJob(generator.firstDay().addDays(random.between(1, span)));
-        if (std::none_of(workload.shows.begin(), workload.shows.end(),
-                         [&job](const DayJob& d) { return d.day == job.day; })) {
-            workload.shows.push_back(job);
-        }
-    }
+    workload.shows = BenchDay::distinct(generator, random, kDays);
     for (int i = 0; i < kJobs; ++i) {
-        const DayJob& where = workload.shows[static_cast<size_t>(random.between(0, kDays - 1))];
+        const BenchDay& where = workload.shows[static_cast<size_t>(random.between(0, kDays - 1))];
         AerobicExercise exercise;
         exercise.exercise = QString::fromLatin1(kNames[random.between(0, 4)]);
         exercise.course = QStringLiteral("Course %1").arg(random.between(1, 9));
@@ -92,7 +77,7 @@ void showDayStore(benchmark::State& state, const Workload& workload) {
     size_t i = 0;
     const AerobicRecords records(workload.aerobic);
     for (auto _ : state) {
-        const DayJob& job = workload.shows[i++ % workload.shows.size()];
+        const BenchDay& job = workload.shows[i++ % workload.shows.size()];
         const std::optional<AerobicDay> day = records.ShowDay(job.day);
         if (!day || day->exerciseCount() != kGeneratedExercises) {
             state.SkipWithError("store show failed");
@@ -106,7 +91,7 @@ void showDaySqlite(benchmark::State& state, const Workload& workload, DirectStor
     size_t i = 0;
     DirectRecord props;
     for (auto _ : state) {
-        const DayJob& job = workload.shows[i++ % workload.shows.size()];
+        const BenchDay& job = workload.shows[i++ % workload.shows.size()];
         if (!direct.readDay(workload.aerobic, job.key, props) || exercisesByHand(props) != kGeneratedExercises) {
             state.SkipWithError("sqlite show failed");
             break;
@@ -127,17 +112,6 @@ void saveExerciseStore(benchmark::State& state, const Workload& workload) {
     }
 }
 
-void saveExerciseSqlite(benchmark::State& state, const Workload& workload, DirectStore& direct) {
-    size_t i = 0;
-    for (auto _ : state) {
-        const SaveJob& job = workload.saves[i++ % workload.saves.size()];
-        if (!direct.writeDayProps(workload.aerobic, job.where.key, job.directProps)) {
-            state.SkipWithError("sqlite write failed");
-            break;
-        }
-    }
-}
-
 void registerCases(RatioRunner& runner, const Workload& workload, DirectStore& direct) {
     using benchmark::State;
     runner.addPair(
@@ -146,7 +120,7 @@ void registerCases(RatioRunner& runner, const Workload& workload, DirectStore& d
     // One durable commit on each side; see StoreBench's write_group.
     runner.addPair(
         "save_exercise", [&](State& state) { saveExerciseStore(state, workload); },
-        [&](State& state) { saveExerciseSqlite(state, workload, direct); }, kLimit);
+        [&](State& state) { writeDaysSqlite(state, workload.saves, workload.aerobic, direct); }, kLimit);
 }
 } // namespace
 
@@ -162,7 +136,7 @@ int main(int argc, char** argv) {
     // Both ways see the same days: two exercises each.
     const AerobicRecords records(workload.aerobic);
     for (int i = 0; i < 16; ++i) {
-        const DayJob& job = workload.shows[static_cast<size_t>(i)];
+        const BenchDay& job = workload.shows[static_cast<size_t>(i)];
         const std::optional<AerobicDay> day = records.ReadDay(job.day);
         DirectRecord props;
         if (!day || !direct.readDay(workload.aerobic, job.key, props) ||

@@ -7,6 +7,7 @@
 // Each through the food records (…_store) and through DirectStore (…_sqlite), the same sequence of
 // days, values and meals for both; the ratio store / sqlite must stay at most 2.
 
+#include "BenchDay.h"
 #include "BenchMain.h"
 #include "DayKey.h"
 #include "DirectStore.h"
@@ -26,19 +27,14 @@ constexpr int kJobs = 1024;
 constexpr int kGeneratedMeals = 6;
 constexpr std::uint64_t kSequenceSeed = 20240915;
 
-struct DayJob {
-    QDate day;
-    std::int64_t key;
-};
-
 struct SaveJob {
-    DayJob where;
+    BenchDay where;
     FoodDayValues values;
     DirectRecord directProps;
 };
 
 struct MealJob {
-    DayJob where;
+    BenchDay where;
     int slot;
     Meal meal;
     DirectRecord directProps;
@@ -46,14 +42,10 @@ struct MealJob {
 
 struct Workload {
     QString food;
-    std::vector<DayJob> shows;
+    std::vector<BenchDay> shows;
     std::vector<SaveJob> saves;
     std::vector<MealJob> meals;
 };
-
-DayJob dayJob(const QDate& day) {
-    return {day, static_cast<std::int64_t>(fileTimeTicks(DayKey::of(day)))};
-}
 
 Meal randomMeal(SeededRandom& random) {
     static const char* const kFoods[] = {"Chicken", "Brown Rice", "Broccoli", "Yogurt", "Salmon", "Apple", ""};
@@ -65,14 +57,7 @@ Meal randomMeal(SeededRandom& random) {
 // one of them keeps its fifteen meals).
 void makeJobs(const DeviceGenerator& generator, Workload& workload) {
     SeededRandom random(kSequenceSeed);
-    const int span = static_cast<int>(generator.firstDay().daysTo(generator.lastDay()));
-    std::vector<DayJob> days;
-    while (static_cast<int>(days.size()) < kDays) {
-        const DayJob job = dayJob(generator.firstDay().addDays(random.between(1, span)));
-        if (std::none_of(days.begin(), days.end(), [&job](const DayJob& d) { return d.day == job.day; })) {
-            days.push_back(job);
-        }
-    }
+    const std::vector<BenchDay> days = BenchDay::distinct(generator, random, kDays);
     workload.shows = days;
     for (int i = 0; i < kJobs; ++i) {
         FoodDayValues values;
@@ -87,7 +72,7 @@ void makeJobs(const DeviceGenerator& generator, Workload& workload) {
         values.systolic = random.between(100, 140);
         values.diastolic = random.between(60, 90);
         values.restingHeartRate = random.between(45, 70);
-        const DayJob& where = days[static_cast<size_t>(random.between(0, kDays - 1))];
+        const BenchDay& where = days[static_cast<size_t>(random.between(0, kDays - 1))];
         workload.saves.push_back({where, values, DirectStore::fromRecord(values.toRecord())});
         const int slot = random.between(0, Meal::kSlots - 1);
         const Meal meal = randomMeal(random);
@@ -100,7 +85,7 @@ void makeJobs(const DeviceGenerator& generator, Workload& workload) {
 bool fillMeals(const Workload& workload) {
     const FoodRecords records(workload.food);
     SeededRandom random(kSequenceSeed + 1);
-    for (const DayJob& job : workload.shows) {
+    for (const BenchDay& job : workload.shows) {
         for (int slot = kGeneratedMeals; slot < Meal::kSlots; ++slot) {
             if (!records.PutMeal(job.day, slot, randomMeal(random))) {
                 return false;
@@ -122,7 +107,7 @@ void showDayStore(benchmark::State& state, const Workload& workload) {
     size_t i = 0;
     const FoodRecords records(workload.food);
     for (auto _ : state) {
-        const DayJob& job = workload.shows[i++ % workload.shows.size()];
+        const BenchDay& job = workload.shows[i++ % workload.shows.size()];
         bool created = false;
         const std::optional<FoodDay> day = records.ShowDay(job.day, &created);
         if (!day || created || day->meals().size() != Meal::kSlots) {
@@ -137,7 +122,7 @@ void showDaySqlite(benchmark::State& state, const Workload& workload, DirectStor
     size_t i = 0;
     DirectRecord props;
     for (auto _ : state) {
-        const DayJob& job = workload.shows[i++ % workload.shows.size()];
+        const BenchDay& job = workload.shows[i++ % workload.shows.size()];
         if (!direct.readDay(workload.food, job.key, props) || mealTimes(props) != Meal::kSlots) {
             state.SkipWithError("sqlite show failed");
             break;
@@ -170,18 +155,6 @@ void putMealStore(benchmark::State& state, const Workload& workload) {
     }
 }
 
-template <typename Job>
-void writeSqlite(benchmark::State& state, const std::vector<Job>& jobs, const QString& food, DirectStore& direct) {
-    size_t i = 0;
-    for (auto _ : state) {
-        const Job& job = jobs[i++ % jobs.size()];
-        if (!direct.writeDayProps(food, job.where.key, job.directProps)) {
-            state.SkipWithError("sqlite write failed");
-            break;
-        }
-    }
-}
-
 void registerCases(RatioRunner& runner, const Workload& workload, DirectStore& direct) {
     using benchmark::State;
     runner.addPair(
@@ -190,10 +163,10 @@ void registerCases(RatioRunner& runner, const Workload& workload, DirectStore& d
     // One durable commit on each side; see StoreBench's write_group.
     runner.addPair(
         "save_day", [&](State& state) { saveDayStore(state, workload); },
-        [&](State& state) { writeSqlite<SaveJob>(state, workload.saves, workload.food, direct); }, kLimit);
+        [&](State& state) { writeDaysSqlite(state, workload.saves, workload.food, direct); }, kLimit);
     runner.addPair(
         "put_meal", [&](State& state) { putMealStore(state, workload); },
-        [&](State& state) { writeSqlite<MealJob>(state, workload.meals, workload.food, direct); }, kLimit);
+        [&](State& state) { writeDaysSqlite(state, workload.meals, workload.food, direct); }, kLimit);
 }
 } // namespace
 
@@ -212,7 +185,7 @@ int main(int argc, char** argv) {
     // Both ways see the same day: as many properties read, fifteen meals.
     const FoodRecords records(workload.food);
     for (int i = 0; i < 16; ++i) {
-        const DayJob& job = workload.shows[static_cast<size_t>(i)];
+        const BenchDay& job = workload.shows[static_cast<size_t>(i)];
         const std::optional<FoodDay> day = records.LoadDay(job.day);
         DirectRecord props;
         if (!day || !direct.readDay(workload.food, job.key, props) || mealTimes(props) != Meal::kSlots ||
