@@ -37,19 +37,6 @@ std::array<QString, kUserDatabaseCount> DatabaseCatalogue::userDatabaseNames(con
     return names;
 }
 
-const QStringList& DatabaseCatalogue::nameLists() {
-    static const QStringList lists = {
-        QStringLiteral("KovProList"),     QStringLiteral("KovCarbList"),    QStringLiteral("KovVegList"),
-        QStringLiteral("KovSuppList"),    QStringLiteral("KovChestList"),   QStringLiteral("KovShldrList"),
-        QStringLiteral("KovBackList"),    QStringLiteral("KovTricepsList"), QStringLiteral("KovBicepsList"),
-        QStringLiteral("MiscUpperList"),  QStringLiteral("KovQuadsList"),   QStringLiteral("KovHamstringsList"),
-        QStringLiteral("KovCalvesList"),  QStringLiteral("KovAbsList"),     QStringLiteral("MiscLower1List"),
-        QStringLiteral("MiscLower2List"), QStringLiteral("KovAerobicList"), QStringLiteral("KovCourseList"),
-        QStringLiteral("KovUserList"),
-    };
-    return lists;
-}
-
 bool DatabaseCatalogue::ensureExists(const QString& name, CEPROPID sortProp) {
     return RecordDatabase::Exists(name) || RecordDatabase::Create(name, RecordDatabase::kDatabaseType, sortProp);
 }

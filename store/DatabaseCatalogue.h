@@ -28,9 +28,6 @@ public:
     // The six names, in UserDatabase order.
     static std::array<QString, kUserDatabaseCount> userDatabaseNames(const QString& user);
 
-    // The shared name lists: food items, exercises, aerobic exercises and courses, users.
-    static const QStringList& nameLists();
-
     // Creates the database when it does not exist (type 12345, one ascending sort on sortProp).
     // True when it exists afterwards; false when it was missing and could not be created.
     static bool ensureExists(const QString& name, CEPROPID sortProp);
