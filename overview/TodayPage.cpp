@@ -53,7 +53,7 @@ void TodayPage::drawHeading(QPainter& painter, int top, const QString& text) con
                      text);
 }
 
-QStringList TodayPage::drawText(QPainter& painter, int top, int bottom, const QString& text) const {
+void TodayPage::drawText(QPainter& painter, int top, int bottom, const QString& text) const {
     const int width = kTextRight - kTextLeft;
     const QStringList lines = wrappedLines(text, m_textFont, width, (bottom - top) / kTextLineHeight);
     painter.setFont(m_textFont);
@@ -62,7 +62,6 @@ QStringList TodayPage::drawText(QPainter& painter, int top, int bottom, const QS
         painter.drawText(QRect(kTextLeft, top + i * kTextLineHeight, width, kTextLineHeight),
                          Qt::AlignLeft | Qt::AlignVCenter, lines[i]);
     }
-    return lines;
 }
 
 void TodayPage::drawRule(QPainter& painter, int y) const {
@@ -145,12 +144,12 @@ void TodayPage::paintEvent(QPaintEvent*) {
     const int mealEnd = goals.top() - 2;
     drawPicture(painter, kWorkoutPicture, QRect(workout.topLeft(), QPoint(workout.right(), workoutEnd)));
     drawHeading(painter, workout.top(), QStringLiteral("Today's workout:"));
-    m_workoutLines = drawText(painter, workout.top() + kLineHeight - 1, workoutEnd, m_workoutText);
+    drawText(painter, workout.top() + kLineHeight - 1, workoutEnd, m_workoutText);
     drawRule(painter, workoutEnd);
 
     drawPicture(painter, kFoodPicture, QRect(meal.topLeft(), QPoint(meal.right(), mealEnd)));
     drawHeading(painter, meal.top(), QStringLiteral("My next meal:"));
-    m_nextMealLines = drawText(painter, meal.top() + kLineHeight - 1, mealEnd, m_nextMealText);
+    drawText(painter, meal.top() + kLineHeight - 1, mealEnd, m_nextMealText);
     drawRule(painter, mealEnd);
 
     drawPicture(painter, kGoalsPicture, goals);

@@ -21,11 +21,9 @@ public:
     // The texts follow the current user: a reload is a repaint.
     void reload() override { update(); }
 
-    // The texts as the page last drew them, and the lines it drew them on.
+    // The texts as the page last drew them.
     QString workoutText() const { return m_workoutText; }
     QString nextMealText() const { return m_nextMealText; }
-    QStringList workoutLines() const { return m_workoutLines; }
-    QStringList nextMealLines() const { return m_nextMealLines; }
 
     // A text as it fits a box: whole words on as many lines as the box holds, its own line breaks
     // kept, the last line ending in "..." when text is left over. One string per line.
@@ -39,8 +37,8 @@ private:
     void recompute();
     void drawPicture(QPainter& painter, int index, const QRect& box) const;
     void drawHeading(QPainter& painter, int top, const QString& text) const;
-    // Draws text wrapped into the lines from top down to bottom; returns the lines drawn.
-    QStringList drawText(QPainter& painter, int top, int bottom, const QString& text) const;
+    // Draws text wrapped into the lines from top down to bottom.
+    void drawText(QPainter& painter, int top, int bottom, const QString& text) const;
     void drawRule(QPainter& painter, int y) const;
 
     // Made once: a font described by a height is measured each time it is made, and a bitmap is
@@ -51,6 +49,4 @@ private:
     QPixmap m_pictures[4];
     QString m_workoutText;
     QString m_nextMealText;
-    QStringList m_workoutLines;
-    QStringList m_nextMealLines;
 };

@@ -38,14 +38,6 @@ QString ExerciseLists::databaseName(const MuscleGroup& group) {
     return QString::fromLatin1(entryOf(group).name);
 }
 
-std::optional<QString> ExerciseLists::databaseName(int code) {
-    const std::optional<MuscleGroup> group = MuscleGroup::fromCode(code);
-    if (!group) {
-        return std::nullopt;
-    }
-    return databaseName(*group);
-}
-
 QStringList ExerciseLists::defaults(const MuscleGroup& group) {
     QStringList items;
     for (const char* item : entryOf(group).defaults) {

@@ -16,8 +16,6 @@ public:
 
     // "KovChestList", ..., "MiscLower2List".
     static QString databaseName(const MuscleGroup& group);
-    // The list of a group code; std::nullopt for a code outside 1101-1106 and 1201-1206.
-    static std::optional<QString> databaseName(int code);
     // The group's default exercises, in the order they are added.
     static QStringList defaults(const MuscleGroup& group);
     // The twelve list names, upper body first, in code order.

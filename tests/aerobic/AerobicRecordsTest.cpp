@@ -141,10 +141,8 @@ TEST_F(AerobicRecordsTest, ReadsTheDaysExercisesAndCountsUpToTheHighestStoredSlo
     const std::optional<AerobicExercise> read = day->exercise(3);
     ASSERT_TRUE(read);
     EXPECT_EQ(read->exercise, "Swim");
-    EXPECT_EQ(read->start.date(), kDay);
-    EXPECT_EQ(read->start.time(), QTime(18, 0));
-    EXPECT_EQ(read->end.date(), kDay);
-    EXPECT_EQ(read->end.time(), QTime(19, 15));
+    EXPECT_EQ(read->start, QDateTime(kDay, QTime(18, 0)));
+    EXPECT_EQ(read->end, QDateTime(kDay, QTime(19, 15)));
     EXPECT_EQ(read->elapsedSeconds, 12);
     EXPECT_EQ(read->minutes[4], 7);
 

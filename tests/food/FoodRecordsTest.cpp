@@ -38,32 +38,27 @@ protected:
 };
 } // namespace
 
-TEST_F(FoodRecordsTest, ANewDatabaseHoldsTheMarkerAndANewDayOnlyItsKeyAndNotes) {
-    const QDate reference(1968, 11, 29);
-    ASSERT_TRUE(m_records.EnsureDatabase());
-    EXPECT_EQ(m_stored.props(kFood, reference), "64:64");
-    EXPECT_EQ(m_stored.props(kFood, kDay), "64:64,1132:31");
-    EXPECT_EQ(m_records.CreateDay(kDay), m_records.FindDay(kDay));
-    EXPECT_EQ(m_stored.recordCount(kFood), 2);
-    EXPECT_EQ(m_records.FindDay(kDay.addDays(1)), 0u);
-
-    const std::optional<FoodDay> day = m_records.LoadDay(kDay);
-    ASSERT_TRUE(day);
-    EXPECT_EQ(day->values().notes, "<Click to add Notes>");
-    EXPECT_TRUE(day->meals().empty());
-    EXPECT_TRUE(m_boxes.texts().isEmpty());
-}
-
-TEST_F(FoodRecordsTest, ShowingADayMakesAMissingDatabaseAndDayOnceThenReadsTheStoredDay) {
-    const FoodRecords records(kFood + "Ann");
+TEST_F(FoodRecordsTest, ShowingADayMakesAMissingDatabaseAndDayOnceWithTheMarkerAndOnlyTheKeyAndNotes) {
+    const QString other = kFood + "Ann";
+    const FoodRecords records(other);
     bool created = false;
     ASSERT_TRUE(records.ShowDay(kDay, &created));
     EXPECT_TRUE(created);
-    EXPECT_EQ(m_stored.props(kFood + "Ann", kDay), "64:64,1132:31");
+    EXPECT_EQ(m_stored.props(other, QDate(1968, 11, 29)), "64:64");
+    EXPECT_EQ(m_stored.props(other, kDay), "64:64,1132:31");
     ASSERT_TRUE(records.PutMeal(kDay, 0, mealAt(7, 30, 0)));
-    EXPECT_EQ(records.ShowDay(kDay, &created)->meals().size(), 1u);
+    const std::optional<FoodDay> day = records.ShowDay(kDay, &created);
+    ASSERT_TRUE(day);
     EXPECT_FALSE(created);
-    EXPECT_EQ(m_stored.recordCount(kFood + "Ann"), 2);
+    EXPECT_EQ(day->values().notes, "<Click to add Notes>");
+    EXPECT_EQ(day->meals().size(), 1u);
+    EXPECT_EQ(m_stored.recordCount(other), 2);
+
+    // Made again, the database and the day are the ones stored.
+    ASSERT_TRUE(m_records.EnsureDatabase());
+    EXPECT_EQ(m_records.CreateDay(kDay), m_records.FindDay(kDay));
+    EXPECT_EQ(m_stored.recordCount(kFood), 2);
+    EXPECT_EQ(m_records.FindDay(kDay.addDays(1)), 0u);
     EXPECT_TRUE(m_boxes.texts().isEmpty());
 }
 

@@ -53,21 +53,12 @@ protected:
 TEST_F(ReportsPageTest, TheDropDownsHoldTheirItemsInOrderAndTheSetChoicesShowOnlyForWeightsPerSet) {
     m_sql.writeList("KovShldrList", {"Side Raises", "Arnold Press"});
     showPage();
-    EXPECT_EQ(items(IDC_REPORTS_MEASURE), QStringList({"Body Weight",          "Body Fat",
-                                                       "Water Intake",         "Sleep",
-                                                       "Sleep Quality",        "Overall Feeling",
-                                                       "Systolic BP",          "Diastolic BP",
-                                                       "Resting HR",           "Measurement - Chest",
-                                                       "Measurement - Biceps", "Measurement - Waist",
-                                                       "Measurement - Quads",  "Measurement - Calves",
-                                                       "Wt Chest, Set #",      "Wt Shldrs, Set #",
-                                                       "Wt Back, Set #",       "Wt Triceps, Set #",
-                                                       "Wt Biceps, Set #",     "Wt Misc, Set #",
-                                                       "Wt Quads, Set #",      "Wt Hamstr, Set #",
-                                                       "Wt Calves, Set #",     "Wt Abs, Set #",
-                                                       "Wt Misc1, Set #",      "Wt Misc2, Set #",
-                                                       "Aerobic Dist Per Day", "Aerobic Dist Per Week",
-                                                       "Workouts Per Week"}));
+    EXPECT_EQ(items(IDC_REPORTS_MEASURE).join('|'),
+              "Body Weight|Body Fat|Water Intake|Sleep|Sleep Quality|Overall Feeling|Systolic BP|Diastolic BP|"
+              "Resting HR|Measurement - Chest|Measurement - Biceps|Measurement - Waist|Measurement - Quads|"
+              "Measurement - Calves|Wt Chest, Set #|Wt Shldrs, Set #|Wt Back, Set #|Wt Triceps, Set #|"
+              "Wt Biceps, Set #|Wt Misc, Set #|Wt Quads, Set #|Wt Hamstr, Set #|Wt Calves, Set #|Wt Abs, Set #|"
+              "Wt Misc1, Set #|Wt Misc2, Set #|Aerobic Dist Per Day|Aerobic Dist Per Week|Workouts Per Week");
     EXPECT_EQ(items(IDC_REPORTS_PERIOD), QStringList({"Past Week", "Past Four Weeks", "Past 12 Weeks", "Past Year"}));
     const QStringList sets = items(IDC_REPORTS_SET);
     ASSERT_EQ(sets.size(), 12);

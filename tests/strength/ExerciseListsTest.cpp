@@ -44,10 +44,3 @@ TEST(ExerciseLists, EachGroupHasItsListWithItsDefaultsAddedOnceInOrder) {
     EXPECT_EQ(ExerciseLists::defaults(*MuscleGroup::fromCode(1202)),
               QStringList({"Dumbbell Lunges", "Standing Leg Curls", "Lying Leg Curls", "Straight Leg Deadlifts"}));
 }
-
-TEST(ExerciseLists, CodesOutsideTheTableHaveNoList) {
-    for (int code : {0, 1100, 1107, 1200, 1207, 2101}) {
-        EXPECT_EQ(ExerciseLists::databaseName(code), std::nullopt) << code;
-    }
-    EXPECT_EQ(ExerciseLists::databaseName(1203), "KovCalvesList");
-}
