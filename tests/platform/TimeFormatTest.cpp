@@ -1,7 +1,5 @@
 #include "TimeFormat.h"
 
-#include "Clock.h"
-
 #include <gtest/gtest.h>
 
 namespace {
@@ -55,13 +53,4 @@ TEST(TimeFormat, InvalidTimesAndFlagsFail) {
         EXPECT_EQ(GetTimeFormatW(flags, &time), "") << time.wHour << time.wMinute << time.wSecond;
         EXPECT_EQ(GetLastError(), flags == 0 ? ERROR_INVALID_PARAMETER : kErrorInvalidFlags);
     }
-}
-
-TEST(TimeFormat, TheDeviceClockReadsAsLocalTimeAndWeekday) {
-    Clock::setFixed(QDateTime(QDate(2004, 2, 29), QTime(0, 7, 9, 123)));
-    SYSTEMTIME local;
-    GetLocalTime(&local);
-    EXPECT_EQ(local, (SYSTEMTIME{2004, 2, 0, 29, 0, 7, 9, 123})); // a Sunday
-    EXPECT_EQ(GetTimeFormatW(TIME_NOSECONDS, &local), "12:07 AM");
-    Clock::setFixed(std::nullopt);
 }
