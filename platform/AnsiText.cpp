@@ -31,7 +31,7 @@ bool isCombiningMark(char16_t unit) {
 
 class Conversion {
 public:
-    Conversion(DWORD flags, char defaultByte) : m_flags(flags), m_default(defaultByte) {}
+    explicit Conversion(DWORD flags) : m_flags(flags) {}
 
     std::string run(const WCHAR* wide, int length) {
         int i = 0;
@@ -48,30 +48,15 @@ public:
         }
         return m_bytes;
     }
-    bool usedDefault() const { return m_usedDefault; }
 
 private:
-    void put(char16_t unit) {
-        if (const auto byte = toWindows1252(unit)) {
-            m_bytes += *byte;
-        } else {
-            putDefault();
-        }
-    }
-    void putDefault() {
-        m_bytes += m_default;
-        m_usedDefault = true;
-    }
+    void put(char16_t unit) { m_bytes += toWindows1252(unit).value_or('?'); }
     void putPair(char16_t base, char16_t mark) {
         const QChar units[] = {QChar(base), QChar(mark)};
         const QString composed = QString(units, 2).normalized(QString::NormalizationForm_C);
         const auto byte = composed.size() == 1 ? toWindows1252(composed[0].unicode()) : std::nullopt;
         if (byte) {
             m_bytes += *byte;
-        } else if (m_flags & WC_DEFAULTCHAR) {
-            putDefault();
-        } else if (m_flags & WC_DISCARDNS) {
-            put(base);
         } else {
             put(base);
             put(mark);
@@ -79,8 +64,6 @@ private:
     }
 
     DWORD m_flags;
-    char m_default;
-    bool m_usedDefault = false;
     std::string m_bytes;
 };
 
@@ -90,22 +73,12 @@ int fail(DWORD error) {
 }
 } // namespace
 
-int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR* wide, int cchWide, char* multi, int cbMulti,
-                        const char* defaultChar, BOOL* usedDefault) {
-    if ((codePage != CP_ACP && codePage != CP_1252) || wide == nullptr || cchWide == 0 || cchWide < -1 || cbMulti < 0 ||
-        (cbMulti > 0 && multi == nullptr)) {
+int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR* wide, int cchWide, char* multi, int cbMulti) {
+    if (codePage != CP_ACP || wide == nullptr || cchWide < 1 || multi == nullptr || cbMulti < 1) {
         return fail(ERROR_INVALID_PARAMETER);
     }
-    const int length = cchWide == -1 ? static_cast<int>(std::char_traits<char16_t>::length(wide)) + 1 : cchWide;
-    Conversion conversion(flags, defaultChar != nullptr ? *defaultChar : '?');
-    const std::string bytes = conversion.run(wide, length);
-    if (usedDefault != nullptr) {
-        *usedDefault = conversion.usedDefault() ? TRUE : FALSE;
-    }
+    const std::string bytes = Conversion(flags).run(wide, cchWide);
     const int count = static_cast<int>(bytes.size());
-    if (cbMulti == 0) {
-        return count;
-    }
     std::memcpy(multi, bytes.data(), static_cast<size_t>(std::min(count, cbMulti)));
     if (count > cbMulti) {
         return fail(ERROR_INSUFFICIENT_BUFFER);
@@ -114,12 +87,8 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR* wide, int cchWi
 }
 
 int MultiByteToWideChar(UINT codePage, DWORD, const char* multi, int cbMulti, WCHAR* wide, int cchWide) {
-    if ((codePage != CP_ACP && codePage != CP_1252) || multi == nullptr || cbMulti < 1 || cchWide < 0 ||
-        (cchWide > 0 && wide == nullptr)) {
+    if (codePage != CP_ACP || multi == nullptr || cbMulti < 1 || wide == nullptr || cchWide < 1) {
         return fail(ERROR_INVALID_PARAMETER);
-    }
-    if (cchWide == 0) {
-        return cbMulti;
     }
     const int count = std::min(cbMulti, cchWide);
     for (int i = 0; i < count; ++i) {

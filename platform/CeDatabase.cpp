@@ -128,10 +128,6 @@ BOOL CeUnmountDBVol(const CEGUID* guid) {
     return finish(VolumeTable::instance().remove(*guid) ? ERROR_SUCCESS : ERROR_INVALID_PARAMETER);
 }
 
-BOOL CeFlushDBVol(const CEGUID* guid) {
-    return finish(VolumeTable::instance().find(guid) != nullptr ? ERROR_SUCCESS : ERROR_INVALID_PARAMETER);
-}
-
 CEOID CeCreateDatabaseEx(const CEGUID* guid, const CEDBASEINFO* info) {
     Volume* volume = VolumeTable::instance().find(guid);
     if (volume == nullptr || info == nullptr) {

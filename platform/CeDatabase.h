@@ -137,8 +137,6 @@ void CeUnmountObjectStore();
 // fails SQLite's integrity check, is refused (ERROR_BADDB) and nothing of it is read.
 BOOL CeMountDBVol(CEGUID* guid, const QString& path, DWORD flags);
 BOOL CeUnmountDBVol(const CEGUID* guid);
-// Makes everything written to the volume durable (every write already is; kept for fidelity).
-BOOL CeFlushDBVol(const CEGUID* guid);
 
 // --- Databases --------------------------------------------------------------------------------
 // Creates an empty database; returns its identifier, or 0 (ERROR_DUP_NAME for a name in use,

@@ -32,8 +32,3 @@ void GetLocalTime(SYSTEMTIME* st) {
     st->wSecond = static_cast<WORD>(time.second());
     st->wMilliseconds = static_cast<WORD>(time.msec());
 }
-
-void GetSystemTime(SYSTEMTIME* st) {
-    // The device keeps no time zone: its system time is its local time.
-    GetLocalTime(st);
-}

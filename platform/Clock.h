@@ -1,6 +1,5 @@
 #pragma once
-// The device's clock. The device's local time is the host's local time, and the device keeps no
-// time zone, so GetLocalTime and GetSystemTime give the same reading. Tests set the time here.
+// The device's clock. The device's local time is the host's local time. Tests set the time here.
 
 #include "WinTypes.h"
 
@@ -17,4 +16,3 @@ public:
 };
 
 void GetLocalTime(SYSTEMTIME* st);
-void GetSystemTime(SYSTEMTIME* st);

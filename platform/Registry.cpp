@@ -15,7 +15,6 @@
 
 namespace {
 RegistryKey g_currentUser{QStringLiteral("HKEY_CURRENT_USER")};
-RegistryKey g_localMachine{QStringLiteral("HKEY_LOCAL_MACHINE")};
 
 const QChar kSeparator = QLatin1Char('\\');
 
@@ -31,14 +30,11 @@ LONG result(DWORD error) {
 }
 
 bool isRoot(HKEY key) {
-    return key == &g_currentUser || key == &g_localMachine;
+    return key == &g_currentUser;
 }
 
 DWORD checkKey(HKEY key) {
-    if (!isRoot(key) && openKeys().count(key) == 0) {
-        return ERROR_INVALID_HANDLE;
-    }
-    return key->deleted ? ERROR_KEY_DELETED : ERROR_SUCCESS;
+    return isRoot(key) || openKeys().count(key) != 0 ? ERROR_SUCCESS : ERROR_INVALID_HANDLE;
 }
 
 // The registry lives in the object store; without it mounted there is no registry to reach.
@@ -118,9 +114,8 @@ DWORD startKeyCall(HKEY root, const QString& subKey, HKEY* resultKey, QStringLis
 } // namespace
 
 HKEY const HKEY_CURRENT_USER = &g_currentUser;
-HKEY const HKEY_LOCAL_MACHINE = &g_localMachine;
 
-LONG RegCreateKeyExW(HKEY root, const QString& subKey, HKEY* resultKey, DWORD* disposition) {
+LONG RegCreateKeyExW(HKEY root, const QString& subKey, HKEY* resultKey) {
     QStringList components;
     std::unique_ptr<RegistryStore> registry;
     DWORD error = startKeyCall(root, subKey, resultKey, &components, &registry);
@@ -131,9 +126,6 @@ LONG RegCreateKeyExW(HKEY root, const QString& subKey, HKEY* resultKey, DWORD* d
     }
     if (error == ERROR_SUCCESS) {
         *resultKey = openKey(path);
-        if (disposition != nullptr) {
-            *disposition = created ? REG_CREATED_NEW_KEY : REG_OPENED_EXISTING_KEY;
-        }
     }
     return result(error);
 }
@@ -205,46 +197,6 @@ LONG RegSetValueExW(HKEY key, const QString& name, DWORD type, const BYTE* data,
     }
     if (error == ERROR_SUCCESS) {
         error = registry->setValue(key->path, name, type, value);
-    }
-    return result(error);
-}
-
-LONG RegDeleteValueW(HKEY key, const QString& name) {
-    DWORD error = checkKey(key);
-    auto registry = store();
-    if (error == ERROR_SUCCESS && registry == nullptr) {
-        error = ERROR_INVALID_HANDLE;
-    }
-    if (error == ERROR_SUCCESS) {
-        error = registry->removeValue(key->path, name);
-    }
-    return result(error);
-}
-
-LONG RegDeleteKeyW(HKEY key, const QString& subKey) {
-    QStringList components;
-    DWORD error = checkKey(key);
-    if (error == ERROR_SUCCESS) {
-        error = splitSubKey(subKey, &components);
-    }
-    if (error == ERROR_SUCCESS && components.isEmpty()) {
-        error = ERROR_INVALID_PARAMETER; // a key is deleted from its parent, never through itself
-    }
-    auto registry = store();
-    if (error == ERROR_SUCCESS && registry == nullptr) {
-        error = ERROR_INVALID_HANDLE;
-    }
-    QString path;
-    if (error == ERROR_SUCCESS) {
-        path = key->path + kSeparator + components.join(kSeparator);
-        error = registry->removeKey(path);
-    }
-    if (error == ERROR_SUCCESS) {
-        for (auto& [handle, open] : openKeys()) {
-            if (open->path.compare(path, Qt::CaseInsensitive) == 0) {
-                open->deleted = true;
-            }
-        }
     }
     return result(error);
 }

@@ -11,18 +11,14 @@
 struct RegistryKey;
 using HKEY = RegistryKey*;
 
-// The predefined roots.
+// The one root the program uses.
 extern HKEY const HKEY_CURRENT_USER;
-extern HKEY const HKEY_LOCAL_MACHINE;
 
 constexpr DWORD REG_SZ = 1;
 constexpr DWORD REG_DWORD = 4;
 
-constexpr DWORD REG_CREATED_NEW_KEY = 1;
-constexpr DWORD REG_OPENED_EXISTING_KEY = 2;
-
 // Opens subKey below root, creating it (and any missing parents) when needed.
-LONG RegCreateKeyExW(HKEY root, const QString& subKey, HKEY* result, DWORD* disposition = nullptr);
+LONG RegCreateKeyExW(HKEY root, const QString& subKey, HKEY* result);
 // Opens an existing key; ERROR_FILE_NOT_FOUND when it does not exist.
 LONG RegOpenKeyExW(HKEY root, const QString& subKey, HKEY* result);
 LONG RegCloseKey(HKEY key);
@@ -34,7 +30,3 @@ LONG RegQueryValueExW(HKEY key, const QString& name, DWORD* type, BYTE* data, DW
 // Writes a value of type REG_DWORD (cbData 4) or REG_SZ (UTF-16LE bytes; a terminating zero, when
 // present, is not part of the stored text).
 LONG RegSetValueExW(HKEY key, const QString& name, DWORD type, const BYTE* data, DWORD cbData);
-LONG RegDeleteValueW(HKEY key, const QString& name);
-// Deletes subKey below key with its values; a key that has subkeys is refused (ERROR_ACCESS_DENIED,
-// as on Windows CE). Handles still open on a deleted key fail with ERROR_KEY_DELETED.
-LONG RegDeleteKeyW(HKEY key, const QString& subKey);

@@ -6,5 +6,4 @@
 
 struct RegistryKey {
     QString path;
-    bool deleted = false; // the key was deleted while this handle was open
 };

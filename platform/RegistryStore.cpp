@@ -7,16 +7,11 @@ namespace {
 const char* const kFindKey = "SELECT key FROM registry_keys WHERE key = ?1 COLLATE WINCASE ORDER BY rowid LIMIT 1";
 const char* const kInsertKey = "INSERT INTO registry_keys (key) VALUES (?1)";
 const char* const kKeysOfValues = "SELECT DISTINCT key FROM registry";
-const char* const kHasSubkeys =
-    "SELECT EXISTS (SELECT 1 FROM registry_keys WHERE substr(key, 1, length(?1)) = ?1 COLLATE WINCASE)";
-const char* const kDeleteKeyValues = "DELETE FROM registry WHERE key = ?1 COLLATE WINCASE";
-const char* const kDeleteKey = "DELETE FROM registry_keys WHERE key = ?1 COLLATE WINCASE";
 const char* const kQueryValue = "SELECT type, value FROM registry WHERE key = ?1 COLLATE WINCASE "
                                 "AND name = ?2 COLLATE WINCASE ORDER BY rowid LIMIT 1";
 const char* const kUpdateValue = "UPDATE registry SET type = ?3, value = ?4 WHERE rowid = (SELECT rowid FROM registry "
                                  "WHERE key = ?1 COLLATE WINCASE AND name = ?2 COLLATE WINCASE ORDER BY rowid LIMIT 1)";
 const char* const kInsertValue = "INSERT INTO registry (key, name, type, value) VALUES (?1, ?2, ?3, ?4)";
-const char* const kDeleteValue = "DELETE FROM registry WHERE key = ?1 COLLATE WINCASE AND name = ?2 COLLATE WINCASE";
 
 const QChar kSeparator = QLatin1Char('\\');
 
@@ -67,17 +62,14 @@ DWORD readValue(SqlStatement& statement, DWORD type, RegistryStore::Value* value
     return ERROR_SUCCESS;
 }
 
-// Runs a statement that takes the texts given, one per parameter, and yields no rows.
-DWORD run(Volume& volume, const char* sql, const QString& first, const QString* second = nullptr) {
+// Runs a statement that takes the text given and yields no rows.
+DWORD run(Volume& volume, const char* sql, const QString& text) {
     SqlStatement* statement = volume.statement(sql);
     if (statement == nullptr) {
         return ERROR_BADDB;
     }
     SqlStatement::Scope scope(*statement);
-    bindText(*statement, 1, first);
-    if (second != nullptr) {
-        bindText(*statement, 2, *second);
-    }
+    bindText(*statement, 1, text);
     return statement->execute();
 }
 } // namespace
@@ -154,33 +146,6 @@ DWORD RegistryStore::createKey(const QString& parent, const QStringList& compone
     });
 }
 
-DWORD RegistryStore::removeKey(const QString& path) {
-    SqlStatement* subkeys = m_volume.statement(kHasSubkeys);
-    if (subkeys == nullptr) {
-        return ERROR_BADDB;
-    }
-    return m_volume.transaction([&] {
-        QString spelling;
-        bool found = false;
-        DWORD error = findKey(path, &spelling, &found);
-        if (error != ERROR_SUCCESS || !found) {
-            return error != ERROR_SUCCESS ? error : ERROR_FILE_NOT_FOUND;
-        }
-        std::int64_t hasSubkeys = 0;
-        {
-            const QString below = path + kSeparator;
-            SqlStatement::Scope scope(*subkeys);
-            bindText(*subkeys, 1, below);
-            error = subkeys->queryInt(&hasSubkeys);
-        }
-        if (error != ERROR_SUCCESS || hasSubkeys != 0) {
-            return error != ERROR_SUCCESS ? error : ERROR_ACCESS_DENIED;
-        }
-        error = run(m_volume, kDeleteKeyValues, path);
-        return error != ERROR_SUCCESS ? error : run(m_volume, kDeleteKey, path);
-    });
-}
-
 DWORD RegistryStore::queryValue(const QString& key, const QString& name, DWORD* type, Value* value) {
     SqlStatement* statement = m_volume.statement(kQueryValue);
     if (statement == nullptr) {
@@ -228,12 +193,4 @@ DWORD RegistryStore::setValue(const QString& key, const QString& name, DWORD typ
         bindValue(*insert, 4, value);
         return insert->execute();
     });
-}
-
-DWORD RegistryStore::removeValue(const QString& key, const QString& name) {
-    const DWORD error = run(m_volume, kDeleteValue, key, &name);
-    if (error == ERROR_SUCCESS && m_volume.changes() == 0) {
-        return ERROR_FILE_NOT_FOUND;
-    }
-    return error;
 }

@@ -31,14 +31,11 @@ public:
     // Creates the key parent\components[0]\..., each missing level in turn, in one transaction.
     // *path is the key's stored spelling; *created tells whether the last level was new.
     DWORD createKey(const QString& parent, const QStringList& components, QString* path, bool* created);
-    // ERROR_ACCESS_DENIED for a key that has subkeys, ERROR_FILE_NOT_FOUND for none.
-    DWORD removeKey(const QString& path);
 
     // ERROR_FILE_NOT_FOUND when the key has no such value; ERROR_INVALID_DATA for a stored value
     // that does not match its type (4 must be an INTEGER of 32 bits, 1 a TEXT).
     DWORD queryValue(const QString& key, const QString& name, DWORD* type, Value* value);
     DWORD setValue(const QString& key, const QString& name, DWORD type, const Value& value);
-    DWORD removeValue(const QString& key, const QString& name);
 
 private:
     DWORD ensureKey(const QString& path, QString* spelling, bool* created);

@@ -92,7 +92,6 @@ constexpr DWORD ERROR_ALREADY_EXISTS = 183;
 constexpr DWORD ERROR_MORE_DATA = 234;
 constexpr DWORD ERROR_NO_MORE_ITEMS = 259;
 constexpr DWORD ERROR_DIRECTORY = 267;
-constexpr DWORD ERROR_KEY_DELETED = 1018;
 constexpr DWORD ERROR_BADDB = 1009;
 
 // The calling thread's last error, as the platform keeps it (one value per thread).

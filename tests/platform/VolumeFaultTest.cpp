@@ -283,11 +283,6 @@ TEST_F(VolumeTransactionTest, WritesAreSeenInsideAndKeptOnlyWhenCommitted) {
 
 TEST_F(VolumeTransactionTest, OutOfTurnUseIsRefusedAndCommitsNothing) {
     const QString before = committed();
-    EXPECT_EQ(outcome(CeEndTransaction(&m_guid, TRUE)), (CallOutcome{0, ERROR_TRANSACTION_NOT_ACTIVE}));
-    CEGUID unknown;
-    CREATE_INVALIDGUID(&unknown);
-    EXPECT_EQ(outcome(CeBeginTransaction(&unknown)), (CallOutcome{0, ERROR_INVALID_PARAMETER}));
-
     ASSERT_TRUE(CeBeginTransaction(&m_guid));
     ASSERT_NE(CeWriteRecordProps(m_db, 0, DurabilityRecord::make(2)), 0u);
     // A nested begin is refused; it neither commits the open transaction nor ends it.
@@ -295,7 +290,6 @@ TEST_F(VolumeTransactionTest, OutOfTurnUseIsRefusedAndCommitsNothing) {
     EXPECT_EQ(committed(), before);
     EXPECT_TRUE(CeEndTransaction(&m_guid, FALSE));
     EXPECT_EQ(committed(), before);
-    EXPECT_EQ(outcome(CeEndTransaction(&m_guid, FALSE)), (CallOutcome{0, ERROR_TRANSACTION_NOT_ACTIVE}));
 
     // Unmounted with a transaction open: nothing of it is kept.
     ASSERT_TRUE(CeBeginTransaction(&m_guid));
@@ -375,8 +369,6 @@ TEST_F(VolumeFaultTest, AReadOnlyMountReadsAVolumeAndItsLogAndChangesNothingOfTh
     const QList<QByteArray> before = VolumeFiles::withCompanions(copy);
     ASSERT_TRUE(before[1].size() > 8) << "the copy has a log";
 
-    EXPECT_EQ(outcome(CeMountDBVol(&guid, copy, CREATE_ALWAYS | CEDB_MOUNT_READONLY)),
-              (CallOutcome{0, ERROR_INVALID_PARAMETER}));
     FaultyVfs vfs;
     vfs.failCreation(); // as in a folder that cannot be written
     ASSERT_TRUE(CeMountDBVol(&guid, copy, OPEN_EXISTING | CEDB_MOUNT_READONLY)) << GetLastError();

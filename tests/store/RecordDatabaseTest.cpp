@@ -116,9 +116,6 @@ TEST_F(RecordDatabaseTest, AWriteOverTheRecordLimitsIsRefusedAndWritesNothing) {
     over.append(DbProp::i2(1001, 3));
     EXPECT_EQ(m_db.Write(over, oid), 0u);
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    DbRecord longName = dayRecord(day.addDays(1), "note");
-    longName.append(DbProp::text(1012, QString(256, u'x')));
-    EXPECT_EQ(m_db.Write(longName, 0), 0u);
     const StoredDays days(m_device.paths().objectStore());
     EXPECT_EQ(days.recordCount(kLog), 1);
     EXPECT_EQ(days.props(kLog, day), "64:64,1132:31");
