@@ -75,36 +75,26 @@ TEST_F(ShellDialogsTest, AboutHelpPhotoAndTheFunctionsOfLaterVersionsTellTheUser
     ASSERT_EQ(m_boxes.texts().size(), 3);
     EXPECT_TRUE(m_boxes.texts()[2].startsWith(QStringLiteral("\\Program Files\\Kovalin\\picture.jpg cannot be shown")));
 
-    // A real one is shown below the navigation bar until it is tapped.
+    // A real one is shown (where, the photo picture shows) until it is tapped.
     QImage photo(240, 290, QImage::Format_RGB32);
     photo.fill(Qt::darkGreen);
     ASSERT_TRUE(photo.save(picture, "JPEG"));
-    QRect where;
-    whenShown(QStringLiteral("PhotoViewer"), [&](QWidget* viewer) {
-        where = QRect(viewer->mapTo(m_screen.get(), QPoint(0, 0)), viewer->size());
-        QTest::mouseClick(viewer, Qt::LeftButton, {}, QPoint(120, 120));
-    });
+    whenShown(QStringLiteral("PhotoViewer"),
+              [](QWidget* viewer) { QTest::mouseClick(viewer, Qt::LeftButton, {}, QPoint(120, 120)); });
     trigger(32834);
-    EXPECT_EQ(where, QRect(0, 26, 240, 294));
     EXPECT_EQ(m_boxes.texts().size(), 3);
 }
 
-TEST_F(ShellDialogsTest, TheMessageBoxPresenterShowsTheBoxOnTheScreenAndReturnsTheButtonPressed) {
+// Where the box stands and how it looks show in the range-message pictures.
+TEST_F(ShellDialogsTest, TheMessageBoxPresenterShowsTheBoxAndReturnsTheButtonPressed) {
     start();
     DeviceMessageBoxPresenter presenter;
-    QRect where;
-    QString title;
     whenShown(QStringLiteral("DeviceMessageBox"), [&](QWidget* box) {
-        where = QRect(box->mapTo(m_screen.get(), QPoint(0, 0)), box->size());
-        title = box->windowTitle();
         EXPECT_EQ(box->findChild<QLabel*>(QStringLiteral("MessageText"))->text(), QStringLiteral("Delete the meal?"));
         EXPECT_EQ(box->findChild<QPushButton*>(QStringLiteral("c1")), nullptr);
         box->findChild<QPushButton*>(QStringLiteral("c7"))->click();
     });
     EXPECT_EQ(MessageBoxW(&main(), QStringLiteral("Delete the meal?"), QStringLiteral("Kovalin"), MB_YESNO), IDNO);
-    EXPECT_EQ(title, QStringLiteral("Kovalin"));
-    EXPECT_TRUE(QRect(0, 26, 240, 268).contains(where)) << where.x() << "," << where.y() << " " << where.width();
-    EXPECT_EQ(where.width(), 224);
 
     whenShown(QStringLiteral("DeviceMessageBox"), [](QWidget* box) {
         QTest::keyClick(box->findChild<QPushButton*>(QStringLiteral("c1")), Qt::Key_Escape);
