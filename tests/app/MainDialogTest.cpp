@@ -48,7 +48,6 @@ TEST_F(MainDialogTest, FirstStartShowsTheProgressTextsInOrderAndOpensOnTodayForT
     auto* progress = m_screen->findChild<StartupDialog*>(QStringLiteral("StartupDialog"));
     ASSERT_NE(progress, nullptr);
     EXPECT_TRUE(progress->isVisible());
-    EXPECT_EQ(progress->windowTitle(), QStringLiteral("Initializing Kovalin"));
     EXPECT_EQ(progress->position(), 0);
     EXPECT_TRUE(m_factory.log.isEmpty());
 
@@ -84,8 +83,6 @@ TEST_F(MainDialogTest, FirstStartShowsTheProgressTextsInOrderAndOpensOnTodayForT
         EXPECT_EQ(main().page(tab)->geometry(), QRect(0, 0, 240, 260)) << tab;
     }
     EXPECT_FALSE(main().setGrid()->isVisible());
-    EXPECT_EQ(main().tabControl()->currentIndex(), 0);
-    EXPECT_EQ(toolBarCommands(), std::vector<int>{32832});
 }
 
 TEST_F(MainDialogTest, TheLastUserIsMadeCurrentAndWrittenBack) {
@@ -106,49 +103,38 @@ TEST_F(MainDialogTest, TheLastUserIsMadeCurrentAndWrittenBack) {
 
 TEST_F(MainDialogTest, SwitchingTabsShowsOnePageRebuildsTheToolBarKeepsTheMenuAndSavesOnlyTheAerobicPageOnLeaving) {
     start();
-    clickTab(main(), 3);
-    EXPECT_TRUE(main().page(3)->isVisible());
-    EXPECT_FALSE(main().page(0)->isVisible());
-    EXPECT_TRUE(toolBarCommands().empty());
-    EXPECT_NE(m_screen->findChild<QAction*>(QStringLiteral("cmd32835")), nullptr);
-    EXPECT_TRUE(calls(m_factory.log).isEmpty());
-
-    clickTab(main(), 4);
-    EXPECT_EQ(calls(m_factory.log), QStringList{"aerobic save"});
-    EXPECT_EQ(toolBarCommands(), std::vector<int>{32828});
-    EXPECT_EQ(m_screen->findChildren<QAction*>(QStringLiteral("cmd32828")).size(), 1);
-
-    clickTab(main(), 1);
-    EXPECT_EQ(toolBarCommands(), kUpperTools);
-    EXPECT_EQ(m_screen->findChild<QAction*>(QStringLiteral("cmd32828")), nullptr);
-    clickTab(main(), 2);
-    EXPECT_EQ(toolBarCommands(), kLowerTools);
-    for (int tab : {5, 6}) {
-        clickTab(main(), tab);
-        EXPECT_TRUE(toolBarCommands().empty()) << tab;
+    const QStringList menu = {"Goals=cmd32829",        "About=cmd32831",     "View Photo=cmd32834",
+                              "Options=cmd32835",      "Utilities=cmd32836", "Switch User=cmd32863",
+                              "Manage Users=cmd32862", "Help=cmd32861",      "Exit=cmd32833"};
+    // The tab tapped, the tool-bar commands it brings, and how often the aerobic page has been saved by then.
+    const struct {
+        int tab;
+        std::vector<int> tools;
+        int saves;
+    } steps[] = {{3, {}, 0}, {4, {32828}, 1}, {1, kUpperTools, 1}, {2, kLowerTools, 1},
+                 {5, {}, 1}, {6, {}, 1},      {4, {32828}, 1},     {0, {32832}, 1}};
+    for (const auto& step : steps) {
+        clickTab(main(), step.tab);
+        for (int tab = 0; tab < MainDialog::kTabCount; ++tab) {
+            EXPECT_EQ(main().page(tab)->isVisible(), tab == step.tab) << step.tab << " shows " << tab;
+        }
+        EXPECT_EQ(toolBarCommands(), step.tools) << step.tab;
+        EXPECT_EQ(m_screen->findChildren<QAction*>(QStringLiteral("cmd32828")).size(), step.tab == 4 ? 1 : 0);
+        EXPECT_EQ(calls(m_factory.log), QStringList(step.saves, QStringLiteral("aerobic save"))) << step.tab;
         // Every page keeps the one menu of nine commands.
         QStringList items;
         for (QAction* action : main().commandBar()->menu()->actions()) {
             items.append(action->text() + QLatin1Char('=') + action->objectName());
         }
-        EXPECT_EQ(items, QStringList({"Goals=cmd32829", "About=cmd32831", "View Photo=cmd32834", "Options=cmd32835",
-                                      "Utilities=cmd32836", "Switch User=cmd32863", "Manage Users=cmd32862",
-                                      "Help=cmd32861", "Exit=cmd32833"}))
-            << tab;
+        EXPECT_EQ(items, menu) << step.tab;
     }
-    clickTab(main(), 4);
-    EXPECT_EQ(toolBarCommands(), std::vector<int>{32828});
-    clickTab(main(), 0);
-    EXPECT_EQ(toolBarCommands(), std::vector<int>{32832});
-    // Only the one departure from the aerobic page saved anything.
-    EXPECT_EQ(calls(m_factory.log), QStringList{"aerobic save"});
     EXPECT_EQ(main().children().constLast(), main().tabControl());
 
     // SelectPage switches once: arriving saves nothing, leaving saves once.
     main().SelectPage(3);
     main().SelectPage(3);
     main().SelectPage(0);
-    EXPECT_EQ(calls(m_factory.log), QStringList({"aerobic save", "aerobic save", "aerobic save"}));
+    EXPECT_EQ(calls(m_factory.log), QStringList(3, QStringLiteral("aerobic save")));
     EXPECT_TRUE(main().page(0)->isVisible());
 }
 

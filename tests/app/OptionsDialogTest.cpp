@@ -3,7 +3,6 @@
 #include "SqlReader.h"
 
 #include <QCheckBox>
-#include <QFontMetrics>
 #include <QPushButton>
 #include <QTest>
 
@@ -121,23 +120,4 @@ TEST_F(OptionsDialogTest, PullWtShowsFillInWithTheStoredValueAndOkWritesItsLastS
     QTest::mouseClick(pullWt, Qt::LeftButton);
     press(*dialog, "c1");
     EXPECT_EQ(storedSix(), "001000");
-}
-
-// The options picture shows the boxes, their texts and fonts and the buttons with the fill-in box
-// hidden; shown, it must fit between its neighbours.
-TEST_F(OptionsDialogTest, TheFillInBoxShownStandsBetweenItsNeighboursWithoutCuttingItsText) {
-    storeSix({1, 0, 1, 0, 0, 0});
-    auto dialog = open();
-    int previousBottom = -1;
-    for (int id : kTopToBottom) {
-        QCheckBox* box = dialog->box(id);
-        const QRect where(box->mapTo(dialog.get(), QPoint(0, 0)), box->size());
-        EXPECT_GT(where.top(), previousBottom) << id;
-        EXPECT_GE(where.height(),
-                  QFontMetrics(box->font())
-                      .boundingRect(QRect(0, 0, where.width() - 20, 1000), Qt::TextWordWrap, box->text())
-                      .height())
-            << id << " cuts its text";
-        previousBottom = where.bottom();
-    }
 }
