@@ -362,6 +362,10 @@ void ScreenshotTour::tourPages() {
     whenUp(QStringLiteral("OptionsDialog"), QStringLiteral("options-fill-in.png"));
     command(ID_MENU_OPTIONS);
     RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, Settings::kPullWt, 0);
+    whenUp(QStringLiteral("AboutDialog"), QStringLiteral("about.png"));
+    command(ID_MENU_ABOUT);
+    whenUp(QStringLiteral("DeviceMessageBox"), QStringLiteral("help.png"));
+    command(ID_MENU_HELP);
     tourPhoto();
     tourStrength();
     tourAerobic();

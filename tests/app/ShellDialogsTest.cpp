@@ -49,31 +49,22 @@ TEST_F(ShellDialogsTest, GoalsAreKeptInTheGoalsFileAsUtf16AndShownAgain) {
     EXPECT_EQ(GoalsFile::read(), QStringLiteral("Lose 2 kg \u2013 by June"));
 }
 
-TEST_F(ShellDialogsTest, AboutHelpPhotoAndTheFunctionsOfLaterVersionsTellTheUserWhatTheyShould) {
+// About and Help show in their pictures; the photo's missing-file message names the device's own
+// folder, which the tour's device cannot show the same way twice.
+TEST_F(ShellDialogsTest, ViewPhotoSaysWhereThePictureBelongsAndRefusesOneThatIsNotAJpeg) {
     start();
-    QString version;
-    whenShown(QStringLiteral("AboutDialog"), [&version](QWidget* dialog) {
-        version = dialog->findChild<QLabel*>(QStringLiteral("c1323"))->text();
-        dialog->findChild<QPushButton*>(QStringLiteral("c1"))->click();
-    });
-    trigger(32831);
-    EXPECT_EQ(version, QStringLiteral("Version 2.0.0"));
-
-    trigger(32861);
     trigger(32834);
-    ASSERT_EQ(m_boxes.texts().size(), 2);
-    EXPECT_EQ(m_boxes.captions(), QStringList({"Help", "View Photo"}));
-    EXPECT_TRUE(
-        m_boxes.texts()[0].contains(QStringLiteral("Upper Body, Lower Body, Aerobic, Food, Reports and Calendar")));
-    EXPECT_TRUE(m_boxes.texts()[1].contains(QStringLiteral("picture.jpg")));
-    EXPECT_TRUE(m_boxes.texts()[1].contains(QDir(m_device.paths().programFolder()).absolutePath()));
+    ASSERT_EQ(m_boxes.texts().size(), 1);
+    EXPECT_EQ(m_boxes.captions(), QStringList({"View Photo"}));
+    EXPECT_TRUE(m_boxes.texts()[0].contains(QStringLiteral("picture.jpg")));
+    EXPECT_TRUE(m_boxes.texts()[0].contains(QDir(m_device.paths().programFolder()).absolutePath()));
 
     // A picture that is not a JPEG is reported, not shown.
     const QString picture = m_device.paths().hostPath(QStringLiteral("\\Program Files\\Kovalin\\picture.jpg"));
     VolumeFiles::writeFile(picture, "not a picture");
     trigger(32834);
-    ASSERT_EQ(m_boxes.texts().size(), 3);
-    EXPECT_TRUE(m_boxes.texts()[2].startsWith(QStringLiteral("\\Program Files\\Kovalin\\picture.jpg cannot be shown")));
+    ASSERT_EQ(m_boxes.texts().size(), 2);
+    EXPECT_TRUE(m_boxes.texts()[1].startsWith(QStringLiteral("\\Program Files\\Kovalin\\picture.jpg cannot be shown")));
 
     // A real one is shown (where, the photo picture shows) until it is tapped.
     QImage photo(240, 290, QImage::Format_RGB32);
@@ -82,7 +73,7 @@ TEST_F(ShellDialogsTest, AboutHelpPhotoAndTheFunctionsOfLaterVersionsTellTheUser
     whenShown(QStringLiteral("PhotoViewer"),
               [](QWidget* viewer) { QTest::mouseClick(viewer, Qt::LeftButton, {}, QPoint(120, 120)); });
     trigger(32834);
-    EXPECT_EQ(m_boxes.texts().size(), 3);
+    EXPECT_EQ(m_boxes.texts().size(), 2);
 }
 
 // Where the box stands and how it looks show in the range-message pictures.
