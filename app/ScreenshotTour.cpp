@@ -357,6 +357,15 @@ void ScreenshotTour::tourPages() {
         }
     });
     screen.findChild<QAction*>(QStringLiteral("cmd%1").arg(ID_MENU_OPTIONS))->trigger();
+    // The fill-in box shows only while PullWt is on, between its neighbours.
+    RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, Settings::kPullWt, 1);
+    whenUp(QStringLiteral("OptionsDialog"), QStringLiteral("options-fill-in.png"));
+    command(ID_MENU_OPTIONS);
+    RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, Settings::kPullWt, 0);
+    whenUp(QStringLiteral("AboutDialog"), QStringLiteral("about.png"));
+    command(ID_MENU_ABOUT);
+    whenUp(QStringLiteral("DeviceMessageBox"), QStringLiteral("help.png"));
+    command(ID_MENU_HELP);
     tourPhoto();
     tourStrength();
     tourAerobic();

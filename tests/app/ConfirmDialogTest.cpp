@@ -45,10 +45,8 @@ protected:
 } // namespace
 
 TEST_F(ConfirmDialogTest, InYesModeOnlyTheExactLowerCaseWordConfirms) {
+    // The question and its 'yes' box show in the user-delete picture.
     EXPECT_EQ(ask(yesMode(), {QStringLiteral("yes")}), (ConfirmResult{true, true}));
-    EXPECT_TRUE(m_shown.yesBox);
-    EXPECT_FALSE(m_shown.dontShowBox);
-    EXPECT_EQ(m_shown.text, QStringLiteral("This will delete the user."));
     for (const char* typed : {"Yes", "YES", "yes ", "", "y"}) {
         EXPECT_EQ(ask(yesMode(), {QString::fromLatin1(typed)}), (ConfirmResult{true, false})) << typed;
     }
@@ -78,14 +76,8 @@ TEST_F(ConfirmDialogTest, StartUpAnnouncesVersionOneDataThenShowsTheReleaseNotes
     // No version 1 data: the notes alone; unticked, OK leaves them on for the next start.
     answer({});
     start(true, &pages);
+    // The notes' text and boxes show in the release-notes picture.
     EXPECT_TRUE(m_shown.text.startsWith(QStringLiteral("*Kovalin 2.0 Release Notes:")));
-    EXPECT_TRUE(m_shown.text.contains(QStringLiteral(
-        "- For best performance, perform a soft reset of your Pocket PC after installing Kovalin.  Periodically, if "
-        "the program seems to load slowly, a soft reset can help.")));
-    EXPECT_TRUE(m_shown.text.contains(QStringLiteral("user guide")));
-    EXPECT_TRUE(m_shown.text.contains(QStringLiteral("support@")));
-    EXPECT_FALSE(m_shown.yesBox);
-    EXPECT_TRUE(m_shown.dontShowBox);
     EXPECT_FALSE(stored(Settings::kDontShow).isValid());
 
     // Version 1 data is announced before the notes; ticked, OK turns both off.

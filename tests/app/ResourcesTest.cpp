@@ -29,22 +29,15 @@ int opaquePixels(const QPixmap& pixmap) {
 }
 } // namespace
 
-// The commands of each bar are checked where the command bar shows them (MainDialogTest).
-TEST(ResourcesTest, ToolBarsHoldVersionOneSixteenByFifteenButtonsWithADrawnImageAndATipEach) {
+// The commands of each bar are checked where the command bar shows them (MainDialogTest); how each
+// button, tab picture and the other bitmaps are drawn and masked shows in the screen pictures.
+TEST(ResourcesTest, EveryToolBarButtonHasATip) {
     for (int id : {178, 151, 157, 162}) {
         const auto bar = ToolBarResource::load(id);
         ASSERT_TRUE(bar.has_value()) << id;
-        EXPECT_EQ(bar->buttonWidth(), 16) << id;
-        EXPECT_EQ(bar->buttonHeight(), 15) << id;
-        const std::vector<int> commands = bar->commands();
-        for (int i = 0; i < static_cast<int>(commands.size()); ++i) {
-            const QPixmap image = bar->buttonImage(i);
-            EXPECT_EQ(image.size(), QSize(16, 15)) << id << " button " << i;
-            EXPECT_GT(opaquePixels(image), 30) << id << " button " << i;
-            EXPECT_LT(opaquePixels(image), 16 * 15) << id << " button " << i << " is not masked";
-            EXPECT_FALSE(StringTable::load(commands[static_cast<size_t>(i)]).isEmpty()) << "no tip for " << commands[i];
+        for (int command : bar->commands()) {
+            EXPECT_FALSE(StringTable::load(command).isEmpty()) << "no tip for " << command;
         }
-        EXPECT_TRUE(bar->buttonImage(static_cast<int>(commands.size())).isNull()) << id;
     }
     EXPECT_FALSE(ToolBarResource::load(129).has_value());
 }
@@ -63,16 +56,10 @@ TEST(ResourcesTest, TheToolBarFormatIsReadWordByWordAndMalformedOnesAreRefused) 
     EXPECT_FALSE(ToolBarResource::parse(QByteArray("\x01\x00\x10\x00\x0f\x00\x01\x00\x40", 9)).has_value());
 }
 
-TEST(ResourcesTest, TheIconComesInTwoSizesAndEveryPictureIsDrawn) {
+TEST(ResourcesTest, TheIconComesInTwoSizes) {
     const QIcon icon = Bitmaps::icon(128);
     EXPECT_EQ(icon.availableSizes(), (QList<QSize>{QSize(32, 32), QSize(16, 16)}));
     EXPECT_GT(opaquePixels(icon.pixmap(16, 16)), 100);
     EXPECT_TRUE(Bitmaps::icon(129).isNull());
-    // The tabs' pictures and the two others: drawn, with part of each masked away.
-    for (int id : {145, 146, 147, 148, 149, 150, 181, 280, 281}) {
-        const QPixmap picture = Bitmaps::masked(id);
-        EXPECT_GT(opaquePixels(picture), 20) << id;
-        EXPECT_LT(opaquePixels(picture), picture.width() * picture.height() - 10) << id;
-    }
     EXPECT_TRUE(Bitmaps::load(999).isNull());
 }

@@ -49,62 +49,43 @@ TEST_F(ShellDialogsTest, GoalsAreKeptInTheGoalsFileAsUtf16AndShownAgain) {
     EXPECT_EQ(GoalsFile::read(), QStringLiteral("Lose 2 kg \u2013 by June"));
 }
 
-TEST_F(ShellDialogsTest, AboutHelpPhotoAndTheFunctionsOfLaterVersionsTellTheUserWhatTheyShould) {
+// About and Help show in their pictures; the photo's missing-file message names the device's own
+// folder, which the tour's device cannot show the same way twice.
+TEST_F(ShellDialogsTest, ViewPhotoSaysWhereThePictureBelongsAndRefusesOneThatIsNotAJpeg) {
     start();
-    QString version;
-    whenShown(QStringLiteral("AboutDialog"), [&version](QWidget* dialog) {
-        version = dialog->findChild<QLabel*>(QStringLiteral("c1323"))->text();
-        dialog->findChild<QPushButton*>(QStringLiteral("c1"))->click();
-    });
-    trigger(32831);
-    EXPECT_EQ(version, QStringLiteral("Version 2.0.0"));
-
-    trigger(32861);
     trigger(32834);
-    ASSERT_EQ(m_boxes.texts().size(), 2);
-    EXPECT_EQ(m_boxes.captions(), QStringList({"Help", "View Photo"}));
-    EXPECT_TRUE(
-        m_boxes.texts()[0].contains(QStringLiteral("Upper Body, Lower Body, Aerobic, Food, Reports and Calendar")));
-    EXPECT_TRUE(m_boxes.texts()[1].contains(QStringLiteral("picture.jpg")));
-    EXPECT_TRUE(m_boxes.texts()[1].contains(QDir(m_device.paths().programFolder()).absolutePath()));
+    ASSERT_EQ(m_boxes.texts().size(), 1);
+    EXPECT_EQ(m_boxes.captions(), QStringList({"View Photo"}));
+    EXPECT_TRUE(m_boxes.texts()[0].contains(QStringLiteral("picture.jpg")));
+    EXPECT_TRUE(m_boxes.texts()[0].contains(QDir(m_device.paths().programFolder()).absolutePath()));
 
     // A picture that is not a JPEG is reported, not shown.
     const QString picture = m_device.paths().hostPath(QStringLiteral("\\Program Files\\Kovalin\\picture.jpg"));
     VolumeFiles::writeFile(picture, "not a picture");
     trigger(32834);
-    ASSERT_EQ(m_boxes.texts().size(), 3);
-    EXPECT_TRUE(m_boxes.texts()[2].startsWith(QStringLiteral("\\Program Files\\Kovalin\\picture.jpg cannot be shown")));
+    ASSERT_EQ(m_boxes.texts().size(), 2);
+    EXPECT_TRUE(m_boxes.texts()[1].startsWith(QStringLiteral("\\Program Files\\Kovalin\\picture.jpg cannot be shown")));
 
-    // A real one is shown below the navigation bar until it is tapped.
+    // A real one is shown (where, the photo picture shows) until it is tapped.
     QImage photo(240, 290, QImage::Format_RGB32);
     photo.fill(Qt::darkGreen);
     ASSERT_TRUE(photo.save(picture, "JPEG"));
-    QRect where;
-    whenShown(QStringLiteral("PhotoViewer"), [&](QWidget* viewer) {
-        where = QRect(viewer->mapTo(m_screen.get(), QPoint(0, 0)), viewer->size());
-        QTest::mouseClick(viewer, Qt::LeftButton, {}, QPoint(120, 120));
-    });
+    whenShown(QStringLiteral("PhotoViewer"),
+              [](QWidget* viewer) { QTest::mouseClick(viewer, Qt::LeftButton, {}, QPoint(120, 120)); });
     trigger(32834);
-    EXPECT_EQ(where, QRect(0, 26, 240, 294));
-    EXPECT_EQ(m_boxes.texts().size(), 3);
+    EXPECT_EQ(m_boxes.texts().size(), 2);
 }
 
-TEST_F(ShellDialogsTest, TheMessageBoxPresenterShowsTheBoxOnTheScreenAndReturnsTheButtonPressed) {
+// Where the box stands and how it looks show in the range-message pictures.
+TEST_F(ShellDialogsTest, TheMessageBoxPresenterShowsTheBoxAndReturnsTheButtonPressed) {
     start();
     DeviceMessageBoxPresenter presenter;
-    QRect where;
-    QString title;
     whenShown(QStringLiteral("DeviceMessageBox"), [&](QWidget* box) {
-        where = QRect(box->mapTo(m_screen.get(), QPoint(0, 0)), box->size());
-        title = box->windowTitle();
         EXPECT_EQ(box->findChild<QLabel*>(QStringLiteral("MessageText"))->text(), QStringLiteral("Delete the meal?"));
         EXPECT_EQ(box->findChild<QPushButton*>(QStringLiteral("c1")), nullptr);
         box->findChild<QPushButton*>(QStringLiteral("c7"))->click();
     });
     EXPECT_EQ(MessageBoxW(&main(), QStringLiteral("Delete the meal?"), QStringLiteral("Kovalin"), MB_YESNO), IDNO);
-    EXPECT_EQ(title, QStringLiteral("Kovalin"));
-    EXPECT_TRUE(QRect(0, 26, 240, 268).contains(where)) << where.x() << "," << where.y() << " " << where.width();
-    EXPECT_EQ(where.width(), 224);
 
     whenShown(QStringLiteral("DeviceMessageBox"), [](QWidget* box) {
         QTest::keyClick(box->findChild<QPushButton*>(QStringLiteral("c1")), Qt::Key_Escape);

@@ -90,7 +90,6 @@ protected:
     // A screen of the recording pages (or of factory), started; waits until the loading has ended.
     // With notices false the start-up notices are switched off first (DontShow = 1).
     MainDialog& start(bool notices = false, PageFactory* factory = nullptr);
-    DeviceScreen& screen() { return *m_screen; }
     MainDialog& main() { return m_screen->mainDialog(); }
 
     // A registry value of the program's key as stored in the object store: its value, or an invalid

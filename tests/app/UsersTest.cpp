@@ -3,7 +3,7 @@
 // which databases a row owns are the user list's (tests/store).
 
 #include "Clock.h"
-#include "NavigationBar.h"
+#include "NameList.h"
 #include "Settings.h"
 #include "ShellPageFactory.h"
 #include "ShellTestSupport.h"
@@ -13,7 +13,6 @@
 #include "UserList.h"
 
 #include <QCheckBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -35,13 +34,8 @@ void chooseUser(const QString& text, QStringList* shown = nullptr) {
 
 class UsersTest : public ShellTest {
 protected:
-    QString storedRows() const {
-        return SqlReader(m_device.paths().objectStore())
-            .value("SELECT group_concat(value, '|') FROM (SELECT p.value FROM props p JOIN records r ON "
-                   "p.record = r.oid JOIN databases d ON r.db = d.oid WHERE d.name = 'KovUserList' ORDER BY "
-                   "p.value)")
-            .toString();
-    }
+    // The user list's rows in the list's order (by text, case-sensitive).
+    static QString storedRows() { return NameList(UserList::kDatabaseName).items().value_or(QStringList()).join('|'); }
     // The day's values in db that are not empty, 0, "no choice" or the notes placeholder, as
     // "number=value" in id order (the key left out).
     QString valuesOf(const QString& db, const QDate& day) const {
@@ -53,10 +47,6 @@ protected:
                    {db, StoredDays::keyOf(day)})
             .toString();
     }
-    void switchTo(const QString& user) {
-        chooseUser(user);
-        trigger(32863);
-    }
     void manageUsers(std::function<void(QWidget*)> act) {
         whenShown(QStringLiteral("ItemListDialog"), std::move(act));
         trigger(32862);
@@ -64,25 +54,22 @@ protected:
     QStringList reloads() const { return m_factory.log.filter(QStringLiteral(" reload")); }
 };
 
-TEST_F(UsersTest, SwitchUserMakesTheChosenUserCurrentReloadsEveryPageTwiceAndIsKeptOverARestart) {
+TEST_F(UsersTest, SwitchUserMakesTheChosenUserCurrentStoresItAndReloadsEveryPageTwice) {
     ASSERT_EQ(UserList::add("ann"), UserList::AddResult::Added);
     start();
     auto* today = static_cast<RecordingPage*>(main().page(0));
     ASSERT_TRUE(waitUntil([today] { return today->paints() > 0; }));
     const int paints = today->paints();
     QStringList shown;
-    QString title;
     bool stayedOpen = false;
     whenShown(QStringLiteral("SelectUserDialog"), [&](QWidget* dialog) {
         shown = listRows(dialog);
-        title = screen().navigationBar().title();
         press(dialog, "c1");
         stayedOpen = dialog->isVisible();
         press(dialog, "c1", "ann");
     });
     trigger(32863);
     EXPECT_EQ(shown, QStringList({"<add new user>", "ann", "Default"}));
-    EXPECT_EQ(title, "Select a user");
     EXPECT_TRUE(stayedOpen);
     EXPECT_EQ(m_boxes.texts(), QStringList{"Please select a user"});
     EXPECT_EQ(main().foodDatabaseName(), "Kov2Foodann");
@@ -90,13 +77,7 @@ TEST_F(UsersTest, SwitchUserMakesTheChosenUserCurrentReloadsEveryPageTwiceAndIsK
     EXPECT_EQ(reloads(), kReloadAll + kReloadAll);
     EXPECT_TRUE(waitUntil([today, paints] { return today->paints() > paints; }));
 
-    m_screen.reset();
-    start();
-    EXPECT_EQ(main().GetUserName(), "ann");
-    switchTo("Default");
-    EXPECT_EQ(main().currentUserName(), "");
-    EXPECT_EQ(stored(Settings::kLastUser), QVariant(QString()));
-    EXPECT_EQ(storedRows(), "<add new user>|Default|ann");
+    // That the last user is made current at the next start is the main window's test.
 }
 
 TEST_F(UsersTest, AddNewUserOpensTheEditorWhoseAddedUserBecomesCurrentOrElseTheDefaultUser) {
@@ -129,9 +110,7 @@ TEST_F(UsersTest, ManageUsersRefusesBadNamesOffersTheTypedOneAndChangesNothingUn
     main().SetCurrentUser("Ann");
     m_factory.log.clear();
     QString offer;
-    QString prompts;
     manageUsers([&](QWidget* editor) {
-        prompts = editor->findChild<QLabel*>("c1065")->text() + " / " + editor->findChild<QLabel*>("c1066")->text();
         typeText(editor, "c1008", "Ann/Bob");
         press(editor, "c1002");
         typeText(editor, "c1008", "Cy");
@@ -142,8 +121,6 @@ TEST_F(UsersTest, ManageUsersRefusesBadNamesOffersTheTypedOneAndChangesNothingUn
         });
         press(editor, "c1");
     });
-    EXPECT_EQ(prompts, "Type in the name of a new user and click Add / or, highlight the name of an existing user "
-                       "and click Delete to delete them");
     EXPECT_EQ(m_boxes.texts(),
               QStringList{"A user's name cannot contain any of \\ / : * ? \" < > | or control characters."});
     EXPECT_EQ(offer, "Would you like to make Cy the current user?  Click OK to make Cy the current user, or Cancel to "
@@ -160,19 +137,16 @@ TEST_F(UsersTest, ManageUsersRefusesBadNamesOffersTheTypedOneAndChangesNothingUn
 TEST_F(UsersTest, DeletingAUserNeedsYesTypedAndOk) {
     ASSERT_EQ(UserList::add("Ann"), UserList::AddResult::Added);
     start();
-    QString asked;
     QStringList shown;
-    // Which words count as yes is the confirmation's own test.
+    // Which words count as yes is the confirmation's own test; its question shows in the user-delete picture.
     manageUsers([&](QWidget* editor) {
-        answerConfirm("c2", &asked, "yes");
+        answerConfirm("c2", nullptr, "yes");
         press(editor, "c1030", "Ann");
         answerConfirm("c1", nullptr, "yes");
         press(editor, "c1030", "Ann");
         shown = listRows(editor);
         press(editor, "c1");
     });
-    EXPECT_EQ(asked, "This will delete the user and their Kovalin data.  To proceed, type 'yes' in the box and click "
-                     "OK.");
     EXPECT_EQ(m_boxes.texts(), QStringList{"Operation Cancelled"});
     EXPECT_EQ(shown, QStringList({"<add new user>", "Default"}));
     EXPECT_EQ(storedRows(), "<add new user>|Default");

@@ -76,7 +76,7 @@ TEST_F(DateControlTest, ATypedDateTakesEffectOnceWhenComplete) {
         QDate expected;
     } cases[] = {
         {"4/6/2024", QDate(2024, 4, 6)},     {"3/15/2024", QDate(2024, 3, 15)}, {"462025", QDate(2025, 4, 6)},
-        {"12/25/2024", QDate(2024, 12, 25)}, {"1/5/24", QDate(2024, 1, 5)},     {"1/5/30", QDate(1930, 1, 5)},
+        {"12/25/2024", QDate(2024, 12, 25)}, {"1/5/29", QDate(2029, 1, 5)},     {"1/5/30", QDate(1930, 1, 5)},
         {"2/29/2024", QDate(2024, 2, 29)},   {"1/1/1601", QDate(1601, 1, 1)},   {"12/31/9999", QDate(9999, 12, 31)},
     };
     for (const auto& typed : cases) {
@@ -147,14 +147,11 @@ TEST_F(DateControlTest, ATapSelectsTheFieldUnderTheStylusAndDigitsReplaceIt) {
     EXPECT_EQ(m_date->date(), QDate(2025, 3, 9));
 }
 
-TEST_F(DateControlTest, TheCalendarDropsDownBorderedOnTheScreenAndAPickTakesEffect) {
-    m_date->move(130, 2); // where the pages show their date, at the screen's right
+// Where the calendar drops down, and its border, show in the date-calendar picture.
+TEST_F(DateControlTest, TheCalendarDropsDownOnTheShownDateAndAPickTakesEffect) {
     m_date->showCalendar();
     CalendarPopup* popup = m_date->calendarPopup();
     ASSERT_TRUE(popup->isVisible());
-    EXPECT_EQ(popup->frameShape(), QFrame::Box);
-    const QRect screen(m_window.mapToGlobal(QPoint(0, 0)), m_window.size());
-    EXPECT_TRUE(screen.contains(popup->geometry())) << "the pop-up stays on the device's screen";
     EXPECT_EQ(popup->calendar()->selectedDate(), kShown);
     emit popup->calendar()->clicked(QDate(2024, 3, 20));
     EXPECT_FALSE(popup->isVisible());
@@ -165,8 +162,7 @@ TEST_F(DateControlTest, TheCalendarDropsDownBorderedOnTheScreenAndAPickTakesEffe
 TEST_F(ControlTest, TimeControlsTakeTypedFieldsInBothPictures) {
     auto* time = place(new TimeControl(TimeControl::Picture::TimeOfDay, nullptr), 70);
     QSignalSpy changes(time, &TimeControl::timeChanged);
-    time->setTime(QTime(9, 41));
-    EXPECT_EQ(time->text(), "9:41 AM");
+    // How each picture reads shows in the time-typing and aerobic pictures.
     const struct {
         int at; // where the stylus taps
         const char* keys;
@@ -188,7 +184,6 @@ TEST_F(ControlTest, TimeControlsTakeTypedFieldsInBothPictures) {
 
     auto* span = place(new TimeControl(TimeControl::Picture::Span, nullptr), 70);
     span->setTime(QTime(0, 0));
-    EXPECT_EQ(span->text(), "00:00:00");
     tapAt(span, 0);
     QTest::keyClicks(span, "01:30:20");
     QTest::keyClick(span, Qt::Key_Return);
