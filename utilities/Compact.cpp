@@ -27,7 +27,7 @@ bool readPartner(RecordDatabase& partner, const DbProp& key, DbRecord& record) {
 // Walks first in date order and deletes each day whose record, and the same day's record in second
 // (when there is one), hold no entries. With firstOnly, a day of first is deleted only when second
 // has no record of that day (the walk over B after the walk over A: orphans only).
-Walk compactPairs(RecordDatabase& first, RecordDatabase& second, bool firstOnly, int* deleted, UtilityReport& report) {
+Walk compactPairs(RecordDatabase& first, RecordDatabase& second, bool firstOnly, UtilityReport& report) {
     DbRecord record;
     DbRecord partnerRecord;
     const std::vector<CEPROPID> keyOnly = {DayKey::kPropId};
@@ -61,17 +61,15 @@ Walk compactPairs(RecordDatabase& first, RecordDatabase& second, bool firstOnly,
             if (!second.DeleteRecord(second.CurrentRecordId())) {
                 return Walk::Failed;
             }
-            ++*deleted;
         }
         if (!first.DeleteRecord(oid)) {
             return Walk::Failed;
         }
-        ++*deleted;
     }
     return Walk::Done;
 }
 
-Walk compactRegion(const QString& aName, const QString& bName, int* deleted, UtilityReport& report) {
+Walk compactRegion(const QString& aName, const QString& bName, UtilityReport& report) {
     RecordDatabase a;
     RecordDatabase b;
     if (!a.Open(aName, DayKey::kPropId) || !b.Open(bName, DayKey::kPropId)) {
@@ -82,14 +80,14 @@ Walk compactRegion(const QString& aName, const QString& bName, int* deleted, Uti
         report.status(QStringLiteral("Strength database empty"));
         return Walk::Done;
     }
-    if (compactPairs(a, b, false, deleted, report) == Walk::Failed) {
+    if (compactPairs(a, b, false, report) == Walk::Failed) {
         return Walk::Failed;
     }
     // A B record whose A record is gone holds the sets alone: it goes when it has none.
-    return compactPairs(b, a, true, deleted, report);
+    return compactPairs(b, a, true, report);
 }
 
-Walk compactLog(const QString& name, LogKind kind, const QString& notFound, const QString& empty, int* deleted,
+Walk compactLog(const QString& name, LogKind kind, const QString& notFound, const QString& empty,
                 UtilityReport& report) {
     RecordDatabase db;
     if (!db.Open(name, DayKey::kPropId)) {
@@ -111,16 +109,13 @@ Walk compactLog(const QString& name, LogKind kind, const QString& notFound, cons
             if (!db.DeleteRecord(oid)) {
                 return Walk::Failed;
             }
-            ++*deleted;
         }
     }
     return Walk::Done;
 }
 } // namespace
 
-bool Compact::run(const QString& user, UtilityReport& report, Counts* counts) {
-    Counts local;
-    Counts& deleted = counts != nullptr ? *counts : local;
+bool Compact::run(const QString& user, UtilityReport& report) {
     const auto names = DatabaseCatalogue::userDatabaseNames(user);
     auto name = [&names](UserDatabase which) { return names[static_cast<int>(which)]; };
     auto failed = [&report] {
@@ -136,24 +131,22 @@ bool Compact::run(const QString& user, UtilityReport& report, Counts* counts) {
     }
     // Both regions are compacted under the one status line the device shows for strength.
     report.status(QStringLiteral("Compacting Upper Body..."));
-    if (compactRegion(name(UserDatabase::UpperA), name(UserDatabase::UpperB), &deleted.strength, report) ==
-            Walk::Failed ||
-        compactRegion(name(UserDatabase::LowerA), name(UserDatabase::LowerB), &deleted.strength, report) ==
-            Walk::Failed) {
+    if (compactRegion(name(UserDatabase::UpperA), name(UserDatabase::UpperB), report) == Walk::Failed ||
+        compactRegion(name(UserDatabase::LowerA), name(UserDatabase::LowerB), report) == Walk::Failed) {
         return failed();
     }
     report.status(kDone);
 
     report.status(QStringLiteral("Compacting Aerobic..."));
     if (compactLog(name(UserDatabase::Aerobic), LogKind::Aerobic, QStringLiteral("Aerobic db not found"),
-                   QStringLiteral("Aerobic db empty"), &deleted.aerobic, report) == Walk::Failed) {
+                   QStringLiteral("Aerobic db empty"), report) == Walk::Failed) {
         return failed();
     }
     report.status(kDone);
 
     report.status(QStringLiteral("Compacting Food..."));
     if (compactLog(name(UserDatabase::Food), LogKind::Food, QStringLiteral("Food db not found."),
-                   QStringLiteral("Food db empty"), &deleted.food, report) == Walk::Failed) {
+                   QStringLiteral("Food db empty"), report) == Walk::Failed) {
         return failed();
     }
     report.status(kDone);

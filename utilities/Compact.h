@@ -9,15 +9,8 @@ class UtilityReport;
 
 class Compact {
 public:
-    // The number of records each part deleted.
-    struct Counts {
-        int strength = 0;
-        int aerobic = 0;
-        int food = 0;
-    };
-
     // Compacts the logs of user (the empty name: Default). False when a record could not be read or
     // deleted (the walk stops there, with "Data access error"); a log that is missing or empty is
     // reported and skipped, as the device did.
-    static bool run(const QString& user, UtilityReport& report, Counts* counts = nullptr);
+    static bool run(const QString& user, UtilityReport& report);
 };

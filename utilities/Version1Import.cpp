@@ -179,9 +179,8 @@ QString Version1Import::summary(const Counts& counts) {
     return text;
 }
 
-bool Version1Import::run(const QString& user, UtilityReport& report, Counts* counts) {
-    Counts local;
-    Counts& done = counts != nullptr ? *counts : local;
+bool Version1Import::run(const QString& user, UtilityReport& report) {
+    Counts done;
     if (!dataPresent()) {
         report.message(QStringLiteral("No version 1 Kovalin data was found on this device."));
         return false;
@@ -218,7 +217,6 @@ bool Version1Import::run(const QString& user, UtilityReport& report, Counts* cou
     }
     whole = whole && transaction.commit();
     if (!whole) {
-        done = Counts{}; // rolled back: nothing came in
         report.message(RecordCopier::kDataAccessError);
         report.status(QString());
         return false;

@@ -28,6 +28,6 @@ public:
 
     // Imports into the logs of user (the empty name: Default) and tells what was imported. False when
     // there is nothing to import or a record could not be read or written.
-    static bool run(const QString& user, UtilityReport& report, Counts* counts = nullptr);
+    static bool run(const QString& user, UtilityReport& report);
     static QString summary(const Counts& counts);
 };

@@ -30,6 +30,13 @@ QStringList exportTables(const QString& user, const QString& folder) {
     return TablesExport(user, folder).run(report) ? report.texts() : QStringList();
 }
 
+// Each file of names in folder first holds the same bytes as in folder second.
+void expectSameFiles(const QString& first, const QString& second, const QStringList& names) {
+    for (const QString& name : names) {
+        EXPECT_EQ(readFile(first + "/" + name), readFile(second + "/" + name)) << name.toStdString();
+    }
+}
+
 bool exportDeviceFiles(const QString& user, const QString& folder) {
     RecordingReport progress;
     QDir().mkpath(folder);
@@ -58,28 +65,17 @@ TEST(HistoryTables, RoundTripsAreByteIdenticalAndASecondImportChangesNothing) {
                            "status Exporting Food", "status Wrote the tables into " + dir.filePath("first") + "."}));
     HistoryImport::Outcome outcome = import("Ann", dir.filePath("first"));
     EXPECT_TRUE(outcome.complete) << outcome.text.toStdString();
-    EXPECT_TRUE(outcome.text.contains("Upper body: 366 days added, 0 filled, 0 replaced, 0 left as they were."))
-        << outcome.text.toStdString();
     ASSERT_FALSE(exportTables("Ann", dir.filePath("second")).isEmpty());
-    for (const QString& table : kTables) {
-        EXPECT_EQ(readFile(dir.filePath("first/" + table)), readFile(dir.filePath("second/" + table)))
-            << table.toStdString();
-    }
+    expectSameFiles(dir.filePath("first"), dir.filePath("second"), kTables);
     ASSERT_TRUE(exportDeviceFiles("", dir.filePath("device-default")));
     ASSERT_TRUE(exportDeviceFiles("Ann", dir.filePath("device-ann")));
-    for (const QString& file : kDeviceFiles) {
-        EXPECT_EQ(readFile(dir.filePath("device-default/" + file)), readFile(dir.filePath("device-ann/" + file)))
-            << file.toStdString();
-    }
+    expectSameFiles(dir.filePath("device-default"), dir.filePath("device-ann"), kDeviceFiles);
 
     // The device's files into a user that has nothing, and out again.
     outcome = import("Bob", dir.filePath("device-default"));
     EXPECT_TRUE(outcome.complete) << outcome.text.toStdString();
     ASSERT_TRUE(exportDeviceFiles("Bob", dir.filePath("device-bob")));
-    for (const QString& file : kDeviceFiles) {
-        EXPECT_EQ(readFile(dir.filePath("device-default/" + file)), readFile(dir.filePath("device-bob/" + file)))
-            << file.toStdString();
-    }
+    expectSameFiles(dir.filePath("device-default"), dir.filePath("device-bob"), kDeviceFiles);
 
     const QString before = storeDigest(store);
     for (const QString folder : {"first", "device-default"}) {
@@ -88,7 +84,6 @@ TEST(HistoryTables, RoundTripsAreByteIdenticalAndASecondImportChangesNothing) {
         EXPECT_TRUE(outcome.text.contains("Food and body: 0 days added, 0 filled, 0 replaced, 366 left as they were "
                                           "(they hold entries: 2023-03-15 to 2024-03-14)."))
             << outcome.text.toStdString();
-        EXPECT_TRUE(outcome.text.contains("Names added to the lists: 0."));
     }
     EXPECT_EQ(storeDigest(store), before);
     CeUnmountObjectStore();
@@ -180,9 +175,7 @@ TEST_F(HistoryImportTest, TablesWriteEveryValueAsThePagesShowItAndReadItBack) {
     const HistoryImport::Outcome outcome = import("Ann", folder("first"));
     EXPECT_TRUE(outcome.complete) << outcome.text.toStdString();
     ASSERT_FALSE(exportTables("Ann", folder("second")).isEmpty());
-    for (const QString& file : kTables) {
-        EXPECT_EQ(readFile(folder("first/" + file)), readFile(folder("second/" + file))) << file.toStdString();
-    }
+    expectSameFiles(folder("first"), folder("second"), kTables);
     // By number and type: no choice is the all-ones 16-bit value, the placeholder is back, the empty
     // slots of a group are written as the set-entry grid writes them.
     EXPECT_EQ(m_days.value("Kov2FoodAnn", kDay1, 1152, kI2), QVariant(qint64(-1)));
@@ -214,7 +207,8 @@ TEST_F(HistoryImportTest, DaysAreAddedFilledLeftOrReplacedAsTheirLogsHoldEntries
     EXPECT_TRUE(outcome.complete);
     const QString counts = "Upper body: 1 days added, 1 filled, 0 replaced, 1 left as they were (they hold entries: "
                            "2024-03-01).";
-    EXPECT_TRUE(outcome.text.contains(counts)) << outcome.text.toStdString();
+    EXPECT_TRUE(outcome.text.startsWith("Read Kovalin's tables: workouts.csv.\n" + counts))
+        << outcome.text.toStdString();
     EXPECT_TRUE(outcome.text.endsWith("Dry run: nothing was written."));
     EXPECT_EQ(digest(), before);
 
