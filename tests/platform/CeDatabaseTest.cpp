@@ -1,5 +1,5 @@
-// The property-database service on the object store, as the program uses it: databases, records,
-// the sort order, the seeks the store makes, the read loop and reads of a list of ids, checked
+// The property-database service on the object store: databases, records, the sort order, every
+// kind of seek, the read loop and reads of a list of ids, checked
 // against the numbers of the Windows CE 3.0 service.
 
 #include "CeDatabase.h"
@@ -196,6 +196,10 @@ TEST_F(CeDatabaseTest, SortsAscendingCaseSensitivelyEqualKeysInCreationOrderAndR
     const std::vector<CEOID> r = addKeyed(db, {30, INT_MIN, 10, INT_MIN, 20});
     EXPECT_EQ(walk(db), (std::vector{r[2], r[4], r[0], r[1], r[3]}));
     EXPECT_EQ(walk(open("Log", 0)), r) << "creation order";
+    create("First", kIntKey, CEDB_SORT_UNKNOWNFIRST);
+    HANDLE first = open("First", kIntKey);
+    const std::vector<CEOID> f = addKeyed(first, {30, INT_MIN, 10, INT_MIN, 20});
+    EXPECT_EQ(walk(first), (std::vector{f[1], f[3], f[2], f[4], f[0]}));
 
     create("Names", kTextKey);
     HANDLE names = open("Names", kTextKey);
@@ -217,11 +221,17 @@ TEST_F(CeDatabaseTest, SeeksFindTheirRecordOrLeaveNothingCurrent) {
     EXPECT_EQ(CeSeekDatabase(db, CEDB_SEEK_CURRENT, static_cast<DWORD>(-2)), r[0]);
     EXPECT_EQ(CeSeekDatabase(db, CEDB_SEEK_CURRENT, 0), r[0]);
     EXPECT_EQ(CeSeekDatabase(db, CEDB_SEEK_CURRENT, 4), r[4]); // across into the records without a key
+    EXPECT_EQ(CeSeekDatabase(db, CEDB_SEEK_END, 1), r[3]);
+    EXPECT_EQ(CeSeekDatabase(db, CEDB_SEEK_CEOID, r[1]), r[1]);
 
-    // By the sort property: the last record of the largest smaller value, the first equal one.
+    // By the sort property: the last record of the largest smaller value, the first equal one, the
+    // first greater or equal one, the next equal one after the current record.
     const auto seek = [db](DWORD type, LONG value) { return CeSeekDatabase(db, type, i4(kKey, value)); };
     EXPECT_EQ(seek(CEDB_SEEK_VALUESMALLER, 20), r[0]);
     EXPECT_EQ(seek(CEDB_SEEK_VALUESMALLER, 25), r[2]);
+    EXPECT_EQ(seek(CEDB_SEEK_VALUEGREATER, 21), r[3]);
+    EXPECT_EQ(seek(CEDB_SEEK_VALUEGREATER, 20), r[1]);
+    EXPECT_EQ(seek(CEDB_SEEK_VALUENEXTEQUAL, 20), r[2]);
     EXPECT_EQ(seek(CEDB_SEEK_VALUEFIRSTEQUAL, 20), r[1]);
 
     // Out of range: 0, ERROR_NO_MORE_ITEMS, and nothing current afterwards.
@@ -231,6 +241,12 @@ TEST_F(CeDatabaseTest, SeeksFindTheirRecordOrLeaveNothingCurrent) {
         [db] { return CeSeekDatabase(db, CEDB_SEEK_CURRENT, static_cast<DWORD>(-5)); },
         [&seek] { return seek(CEDB_SEEK_VALUESMALLER, 10); },
         [&seek] { return seek(CEDB_SEEK_VALUEFIRSTEQUAL, 25); },
+        [db] { return CeSeekDatabase(db, CEDB_SEEK_END, 5); },
+        [&seek] { return seek(CEDB_SEEK_VALUEGREATER, 31); },
+        [&seek] {
+            seek(CEDB_SEEK_VALUEFIRSTEQUAL, 30);
+            return seek(CEDB_SEEK_VALUENEXTEQUAL, 30); // the one record of 30 is the last
+        },
     };
     for (size_t i = 0; i < misses.size(); ++i) {
         ASSERT_EQ(CeSeekDatabase(db, CEDB_SEEK_BEGINNING, 4), r[4]);

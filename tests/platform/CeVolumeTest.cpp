@@ -1,4 +1,4 @@
-// Database volumes: the mount modes a backup and a restore use, what survives an unmount, the
+// Database volumes: the four mount modes, what survives an unmount, the
 // files that are refused, and a volume made with plain SQL by someone else.
 
 #include "CallOutcome.h"
@@ -81,9 +81,18 @@ TEST_F(CeVolumeTest, MountModesOpenAndReplaceAsAskedAndAFileIsMountedOnce) {
     guid = mount(path, OPEN_EXISTING);
     EXPECT_TRUE(hasDatabase(guid, "BkFood"));
     EXPECT_TRUE(CeUnmountDBVol(&guid));
+    EXPECT_EQ(mountError(path, CREATE_NEW), 183u); // ERROR_ALREADY_EXISTS
+    guid = mount(path, OPEN_ALWAYS);
+    EXPECT_TRUE(hasDatabase(guid, "BkFood"));
+    EXPECT_TRUE(CeUnmountDBVol(&guid));
     guid = mount(path, CREATE_ALWAYS);
     EXPECT_FALSE(hasDatabase(guid, "BkFood"));
     EXPECT_TRUE(CeUnmountDBVol(&guid));
+    for (DWORD makes : {CREATE_NEW, OPEN_ALWAYS}) {
+        guid = mount(file(QStringLiteral("new%1.kov").arg(makes)), makes);
+        EXPECT_FALSE(hasDatabase(guid, "BkFood")) << makes;
+        EXPECT_TRUE(CeUnmountDBVol(&guid));
+    }
 
     // The volume's format is pinned by the volume made with plain SQL below; a backup has no registry.
     SqlReader sql(path);
