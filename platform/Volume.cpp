@@ -151,6 +151,26 @@ sqlite3* openReadOnly(const QString& path, const char* parameters, DWORD* error)
     return db;
 }
 
+// The page size the file's header gives (big-endian at byte 16, 1 meaning 65536), or the smallest
+// one when the header cannot be read or makes no sense.
+qint64 pageSizeOf(const QString& path) {
+    constexpr qint64 kSmallest = 512;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || !file.seek(16)) {
+        return kSmallest;
+    }
+    const QByteArray bytes = file.read(2);
+    if (bytes.size() != 2) {
+        return kSmallest;
+    }
+    const qint64 size = (static_cast<uchar>(bytes[0]) << 8) | static_cast<uchar>(bytes[1]);
+    if (size == 1) {
+        return 65536;
+    }
+    const bool powerOfTwo = size >= kSmallest && (size & (size - 1)) == 0;
+    return powerOfTwo ? size : kSmallest;
+}
+
 enum class LogOwner { File, Elsewhere, Unknown };
 
 // Whose log lies beside the file: the volume's identity as the file alone holds it must be the one
@@ -172,8 +192,15 @@ LogOwner ownerOfLog(const QString& path, sqlite3* throughLog) {
 // checkpoints, with the shared-memory file (when there is one) opened read-only too. Without a
 // write-ahead log the file alone is the volume, and it is read as immutable: no lock, and no -wal
 // or -shm is made. With a log, SQLite needs a -shm; one it makes is removed again.
+//
+// A log counts only once it holds a whole frame. A writer killed as it began the log's first frame
+// leaves the log's header alone (or a frame cut short), which holds nothing of the volume, beside a
+// -shm that a read-only connection cannot take over (SQLite answers SQLITE_PROTOCOL); the next
+// writer starts that log afresh.
 bool hasWriteAheadLog(const QString& path) {
-    return QFileInfo(path + QStringLiteral("-wal")).size() > 0;
+    constexpr qint64 kLogHeader = 32;
+    constexpr qint64 kFrameHeader = 24;
+    return QFileInfo(path + QStringLiteral("-wal")).size() >= kLogHeader + kFrameHeader + pageSizeOf(path);
 }
 
 // The read-only connection that changes nothing of the file or its companions.

@@ -102,3 +102,21 @@ TEST(DurabilityTest, EveryReportedWriteSurvivesAKillAtAnyMoment) {
     CeUnmountDBVol(&guid);
     EXPECT_EQ(SqlReader(volume).value(QStringLiteral("PRAGMA integrity_check")).toString(), "ok");
 }
+
+// A kill at each of the writes a run begins with (the volume's creation, then each mount of it and
+// its first records) leaves a volume that mounts again: a log the kill cut short is not a damaged
+// volume.
+TEST(DurabilityTest, AKillAtEachOfTheFirstWritesLeavesAVolumeThatMountsAgain) {
+    QTemporaryDir dir;
+    const QString volume = dir.filePath(QStringLiteral("durable.kov"));
+    for (int write = 1; write <= 30; ++write) {
+        QProcess writer;
+        writer.start(QStringLiteral(DURABILITY_WRITER), {volume, QString::number(write)});
+        ASSERT_TRUE(writer.waitForFinished(30000));
+        ASSERT_EQ(writer.exitStatus(), QProcess::CrashExit) << "the writer was not killed at write " << write;
+        CEGUID guid;
+        ASSERT_TRUE(CeMountDBVol(&guid, volume, OPEN_ALWAYS))
+            << "after a kill at write " << write << ": error " << GetLastError();
+        EXPECT_TRUE(CeUnmountDBVol(&guid));
+    }
+}

@@ -1,6 +1,7 @@
 #include "FaultyVfs.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 
 namespace {
@@ -10,6 +11,7 @@ struct Fault {
     int remaining = 0;
     bool diskFull = false;
     bool creation = false;
+    bool kill = false;
     bool fired = false;
     int systemError = 0;
 };
@@ -31,6 +33,9 @@ sqlite3_file* real(sqlite3_file* file) {
 int inject(FaultyVfs::Call call) {
     if (!g_fault.armed || g_fault.creation || g_fault.call != call || --g_fault.remaining > 0) {
         return SQLITE_OK;
+    }
+    if (g_fault.kill) {
+        std::raise(SIGKILL);
     }
     g_fault.armed = false;
     g_fault.fired = true;
@@ -135,7 +140,12 @@ FaultyVfs::~FaultyVfs() {
 }
 
 void FaultyVfs::failCall(Call call, int n, bool diskFull) {
-    g_fault = Fault{true, call, n, diskFull, false, false, 0};
+    g_fault = Fault{true, call, n, diskFull, false, false, false, 0};
+}
+
+void FaultyVfs::killAt(Call call, int n) {
+    failCall(call, n, false);
+    g_fault.kill = true;
 }
 
 void FaultyVfs::failCreation() {

@@ -2,18 +2,24 @@
 // wrote before, whole, with a new seed, and every seventh operation deletes one. Before a rewrite or
 // a delete it prints "? OID SEED" (SEED 0 for a delete), and once any write or delete has returned,
 // "= OID SEED": what the test may then expect of that record. Used by DurabilityTest, which kills it
-// at random moments.
-//   durability_writer VOLUME
+// at random moments, or kills itself at its Nth write of a file (KILL-AT-WRITE).
+//   durability_writer VOLUME [KILL-AT-WRITE]
 
 #include "DurabilityRecord.h"
+#include "FaultyVfs.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <random>
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: durability_writer VOLUME\n");
+    if (argc != 2 && argc != 3) {
+        std::fprintf(stderr, "usage: durability_writer VOLUME [KILL-AT-WRITE]\n");
         return 2;
+    }
+    FaultyVfs vfs;
+    if (argc == 3) {
+        vfs.killAt(FaultyVfs::Call::Write, std::atoi(argv[2]));
     }
     CEGUID guid;
     if (!CeMountDBVol(&guid, QString::fromLocal8Bit(argv[1]), OPEN_ALWAYS)) {
