@@ -103,9 +103,8 @@ TEST_F(BackupRestoreTest, BackupCopiesEveryRecordVerbatimInDateOrderIntoSixCopie
     EXPECT_EQ(file.dumpAll(kCopies, true), before);
     EXPECT_EQ(file.catalogue(),
               "BkAerobic:0:64:0 BkFood:0:64:0 BkLowerA:0:64:0 BkLowerB:0:64:0 BkUpperA:0:64:0 BkUpperB:0:64:0");
-    EXPECT_EQ(m_report.log,
-              QStringList({"range 0 100", "position 0", "step 20", "status Backing up...", "stepit", "stepit", "stepit",
-                           "stepit", "stepit", "stepit", "message Backup complete!", "status "}));
+    // What the status line and the box tell; the progress bar's steps in between are not kept.
+    EXPECT_EQ(m_report.texts(), QStringList({"status Backing up...", "message Backup complete!", "status "}));
 }
 
 // A second backup replacing the first is checked where a backup stops.
@@ -181,8 +180,7 @@ TEST_F(BackupRestoreTest, RestoreGivesBackTheRecordsOfTheBackup) {
 
     EXPECT_EQ(logs(), before);
     EXPECT_TRUE(m_store.catalogue().contains("Kov2ALowerBody:12345:4194368:0")) << m_store.catalogue().toStdString();
-    EXPECT_EQ(m_report.log, QStringList({"range 0 100", "position 0", "step 20", "stepit", "stepit", "stepit", "stepit",
-                                         "stepit", "stepit", "message Restore successful!", "status "}));
+    EXPECT_EQ(m_report.texts(), QStringList({"message Restore successful!", "status "}));
 }
 
 TEST_F(BackupRestoreTest, ADamagedBackupIsRefusedWithNothingChanged) {
