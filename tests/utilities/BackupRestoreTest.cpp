@@ -211,6 +211,13 @@ TEST_F(BackupRestoreTest, ADamagedBackupIsRefusedWithNothingChanged) {
          [this] { VolumeFiles::writeFile(backupPath(), QByteArray(8192, 'k')); },
          {kNotABackup, "status Error opening backup volume"}},
         {"no file", [this] { QFile::remove(backupPath()); }, {kMountMessage, "status Error opening backup volume"}},
+        {"a folder in its place",
+         [this] {
+             QFile::remove(backupPath());
+             QDir().mkpath(backupPath());
+         },
+         {"message The file 'Default.kov' in the My Documents folder cannot be read.  Nothing was changed.",
+          "status Error opening backup volume"}},
         {"a note over the limit in the last copy read",
          [this] {
              SqlLogWriter(backupPath())
@@ -223,6 +230,7 @@ TEST_F(BackupRestoreTest, ADamagedBackupIsRefusedWithNothingChanged) {
     };
     for (const Damage& damage : damages) {
         SCOPED_TRACE(damage.what);
+        QDir(backupPath()).removeRecursively();
         VolumeFiles::writeFile(backupPath(), whole);
         damage.apply();
         m_report.log.clear();

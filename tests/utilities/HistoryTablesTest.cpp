@@ -4,6 +4,7 @@
 #include "CsvExport.h"
 #include "DatabaseCatalogue.h"
 #include "DeviceGenerator.h"
+#include "FaultyVfs.h"
 #include "ImportTest.h"
 #include "RecordingReport.h"
 #include "TablesExport.h"
@@ -223,6 +224,31 @@ TEST_F(HistoryImportTest, DaysAreAddedFilledLeftOrReplacedAsTheirLogsHoldEntries
     // What the tables do not carry (the B record's sets, as workouts.csv alone is read) stays.
     EXPECT_EQ(m_days.props("Kov2BUpperBody", kDay1), "64:64,306:31");
     EXPECT_EQ(m_store.dump("Kov2AUpperBody").count("'imported'"), 3);
+}
+
+// A disk that fills at any write of the import keeps nothing of it, and the import says so.
+TEST_F(HistoryImportTest, AFullDiskAtAnyWriteKeepsNothingAndSaysSo) {
+    file("in/workouts.csv", "date,region,start,elapsed,completed,notes\r\n"
+                            "2024-03-01,upper,06:00,0:30:00,yes,imported\r\n");
+    const QString before = digest();
+    // The store is mounted again with the faulty VFS in place, so that its writes go through it.
+    CeUnmountObjectStore();
+    FaultyVfs vfs;
+    ASSERT_TRUE(CeMountObjectStore(m_device.paths().objectStore()));
+    bool fired = true;
+    for (int n = 1; fired && n < 100; ++n) {
+        vfs.failCall(FaultyVfs::Call::Write, n, true);
+        const HistoryImport::Outcome outcome = import("", folder("in"));
+        vfs.disarm();
+        fired = vfs.fired();
+        if (fired) {
+            EXPECT_EQ(outcome.text, "Read Kovalin's tables: workouts.csv.\nThe import could not be saved (error 112). "
+                                    "Nothing was written.")
+                << "write " << n;
+            EXPECT_EQ(digest(), before) << "write " << n;
+        }
+    }
+    EXPECT_FALSE(fired);
 }
 
 // Every kind of bad input is reported with its file and line; the day of a row that cannot be read
