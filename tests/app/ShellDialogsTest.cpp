@@ -8,7 +8,6 @@
 #include "VolumeFiles.h"
 
 #include <QDir>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -76,15 +75,12 @@ TEST_F(ShellDialogsTest, ViewPhotoSaysWhereThePictureBelongsAndRefusesOneThatIsN
     EXPECT_EQ(m_boxes.texts().size(), 2);
 }
 
-// Where the box stands and how it looks show in the range-message pictures.
+// Where the box stands, its text and its buttons show in the range-message and delete-question pictures.
 TEST_F(ShellDialogsTest, TheMessageBoxPresenterShowsTheBoxAndReturnsTheButtonPressed) {
     start();
     DeviceMessageBoxPresenter presenter;
-    whenShown(QStringLiteral("DeviceMessageBox"), [&](QWidget* box) {
-        EXPECT_EQ(box->findChild<QLabel*>(QStringLiteral("MessageText"))->text(), QStringLiteral("Delete the meal?"));
-        EXPECT_EQ(box->findChild<QPushButton*>(QStringLiteral("c1")), nullptr);
-        box->findChild<QPushButton*>(QStringLiteral("c7"))->click();
-    });
+    whenShown(QStringLiteral("DeviceMessageBox"),
+              [](QWidget* box) { box->findChild<QPushButton*>(QStringLiteral("c7"))->click(); });
     EXPECT_EQ(MessageBoxW(&main(), QStringLiteral("Delete the meal?"), QStringLiteral("Kovalin"), MB_YESNO), IDNO);
 
     whenShown(QStringLiteral("DeviceMessageBox"), [](QWidget* box) {
