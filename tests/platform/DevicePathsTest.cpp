@@ -37,7 +37,6 @@ TEST(DevicePaths, CreatesTheDeviceFolderPrivatelyAndNeverFillsAFolderThatIsNotAD
         EXPECT_EQ(modeOf(paths.root() + folder), 0700u) << folder;
     }
     EXPECT_EQ(modeOf(temp.path() + "/missing"), 0700u);
-    EXPECT_EQ(paths.objectStore(), paths.root() + "/objectstore.db");
     ::umask(umask);
 
     // A folder that is there already keeps the mode its owner gave it.
