@@ -60,7 +60,6 @@ TEST_F(MainDialogTest, FirstStartShowsTheProgressTextsInOrderAndOpensOnTodayForT
     EXPECT_EQ(m_screen->findChild<StartupDialog*>(), nullptr);
 
     EXPECT_EQ(main().GetUserName(), QStringLiteral("Default"));
-    EXPECT_EQ(main().foodDatabaseName(), QStringLiteral("Kov2Food"));
     int type = 0;
     EXPECT_EQ(stored(Settings::kLastUser, &type), QVariant(QString()));
     EXPECT_EQ(type, 1);

@@ -52,8 +52,7 @@ TEST_F(ShellDialogsTest, GoalsAreKeptInTheGoalsFileAsUtf16AndShownAgain) {
 TEST_F(ShellDialogsTest, ViewPhotoSaysWhereThePictureBelongsAndRefusesOneThatIsNotAJpeg) {
     start();
     trigger(32834);
-    ASSERT_EQ(m_boxes.texts().size(), 1);
-    EXPECT_EQ(m_boxes.captions(), QStringList({"View Photo"}));
+    ASSERT_EQ(m_boxes.captions(), QStringList({"View Photo"}));
     EXPECT_TRUE(m_boxes.texts()[0].contains(QStringLiteral("picture.jpg")));
     EXPECT_TRUE(m_boxes.texts()[0].contains(QDir(m_device.paths().programFolder()).absolutePath()));
 
