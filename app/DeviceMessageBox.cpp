@@ -57,20 +57,15 @@ DeviceMessageBox::DeviceMessageBox(const QString& text, const QString& caption, 
 
     m_buttons = new QHBoxLayout;
     m_buttons->addStretch(1);
-    const int defaultButton = static_cast<int>((type & MB_DEFMASK) >> 8);
+    // The first button is the default: no box of the program names another.
     switch (type & MB_TYPEMASK) {
     case MB_OKCANCEL:
-        addButton(IDOK, QStringLiteral("OK"), defaultButton == 0);
-        addButton(IDCANCEL, QStringLiteral("Cancel"), defaultButton == 1);
+        addButton(IDOK, QStringLiteral("OK"), true);
+        addButton(IDCANCEL, QStringLiteral("Cancel"), false);
         break;
     case MB_YESNO:
-        addButton(IDYES, QStringLiteral("Yes"), defaultButton == 0);
-        addButton(IDNO, QStringLiteral("No"), defaultButton == 1);
-        break;
-    case MB_YESNOCANCEL:
-        addButton(IDYES, QStringLiteral("Yes"), defaultButton == 0);
-        addButton(IDNO, QStringLiteral("No"), defaultButton == 1);
-        addButton(IDCANCEL, QStringLiteral("Cancel"), defaultButton == 2);
+        addButton(IDYES, QStringLiteral("Yes"), true);
+        addButton(IDNO, QStringLiteral("No"), false);
         break;
     default:
         addButton(IDOK, QStringLiteral("OK"), true);
@@ -100,7 +95,6 @@ void DeviceMessageBox::addButton(int id, const QString& text, bool isDefault) {
 int DeviceMessageBox::escapeAnswer(UINT type) {
     switch (type & MB_TYPEMASK) {
     case MB_OKCANCEL:
-    case MB_YESNOCANCEL:
         return IDCANCEL;
     case MB_YESNO:
         return IDNO;

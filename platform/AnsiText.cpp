@@ -78,11 +78,8 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, const WCHAR* wide, int cchWi
         return fail(ERROR_INVALID_PARAMETER);
     }
     const std::string bytes = Conversion(flags).run(wide, cchWide);
-    const int count = static_cast<int>(bytes.size());
-    std::memcpy(multi, bytes.data(), static_cast<size_t>(std::min(count, cbMulti)));
-    if (count > cbMulti) {
-        return fail(ERROR_INSUFFICIENT_BUFFER);
-    }
+    const int count = std::min(static_cast<int>(bytes.size()), cbMulti);
+    std::memcpy(multi, bytes.data(), static_cast<size_t>(count));
     return count;
 }
 
@@ -96,5 +93,5 @@ int MultiByteToWideChar(UINT codePage, DWORD, const char* multi, int cbMulti, WC
         const char16_t mapped = byte >= 0x80 && byte < 0xA0 ? kBlock80[byte - 0x80] : 0;
         wide[i] = mapped != 0 ? mapped : static_cast<char16_t>(byte);
     }
-    return cbMulti > cchWide ? fail(ERROR_INSUFFICIENT_BUFFER) : count;
+    return count;
 }

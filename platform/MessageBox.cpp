@@ -8,21 +8,9 @@ MessageBoxPresenter*& installedPresenter() {
     return presenter;
 }
 
-// The answer of the box's default button.
+// The answer of the box's default button, always its first.
 int defaultAnswer(UINT type) {
-    const UINT buttons = type & MB_TYPEMASK;
-    const bool second = (type & MB_DEFMASK) == MB_DEFBUTTON2;
-    const bool third = (type & MB_DEFMASK) == MB_DEFBUTTON3;
-    switch (buttons) {
-    case MB_OKCANCEL:
-        return second ? IDCANCEL : IDOK;
-    case MB_YESNO:
-        return second ? IDNO : IDYES;
-    case MB_YESNOCANCEL:
-        return third ? IDCANCEL : second ? IDNO : IDYES;
-    default:
-        return IDOK;
-    }
+    return (type & MB_TYPEMASK) == MB_YESNO ? IDYES : IDOK;
 }
 } // namespace
 

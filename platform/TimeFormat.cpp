@@ -3,8 +3,6 @@
 #include <optional>
 
 namespace {
-constexpr DWORD kErrorInvalidFlags = 1004;
-
 bool isFieldLetter(QChar c) {
     const char16_t u = c.unicode();
     return u == 'h' || u == 'm' || u == 's' || u == 't';
@@ -77,20 +75,9 @@ QString formatPicture(const QString& picture, const SYSTEMTIME& t, DWORD flags) 
     }
     return out.text;
 }
-
-QString fail(DWORD error) {
-    SetLastError(error);
-    return {};
-}
 } // namespace
 
+// Only the time fields count; the date may be anything.
 QString GetTimeFormatW(DWORD flags, const SYSTEMTIME* time, const QString& format) {
-    if (flags & ~TIME_NOSECONDS) {
-        return fail(kErrorInvalidFlags);
-    }
-    // Only the time fields count; the date may be anything.
-    if (time == nullptr || time->wHour > 23 || time->wMinute > 59 || time->wSecond > 59 || time->wMilliseconds > 999) {
-        return fail(ERROR_INVALID_PARAMETER);
-    }
     return formatPicture(format.isEmpty() ? QStringLiteral("h:mm:ss tt") : format, *time, flags);
 }

@@ -10,6 +10,7 @@
 constexpr DWORD TIME_NOSECONDS = 0x0002;
 
 // format empty: the locale's picture, "h:mm:ss tt". TIME_NOSECONDS leaves the seconds out with the
-// separator before them ("h:mm:ss tt" reads "h:mm tt"). A null or invalid time gives the empty
-// string and ERROR_INVALID_PARAMETER; any other flag, ERROR_INVALID_FLAGS (1004).
+// separator before them ("h:mm:ss tt" reads "h:mm tt"). The time must be a valid one and the flags
+// 0 or TIME_NOSECONDS: the program's callers format only the clock's time and stored times, so
+// unlike the device's function this one does not check them.
 QString GetTimeFormatW(DWORD flags, const SYSTEMTIME* time, const QString& format = {});

@@ -4,12 +4,11 @@
 
 namespace {
 SYSTEMTIME systemTime(const QDate& day, int hour, int minute, int second, int millisecond) {
-    SYSTEMTIME st;
+    // The day of week is left 0: the conversion never reads it.
+    SYSTEMTIME st{};
     st.wYear = static_cast<WORD>(day.year());
     st.wMonth = static_cast<WORD>(day.month());
     st.wDay = static_cast<WORD>(day.day());
-    // QDate numbers Monday 1 to Sunday 7; the field is the weekday with Sunday 0, plus one.
-    st.wDayOfWeek = static_cast<WORD>(day.dayOfWeek() % 7 + 1);
     st.wHour = static_cast<WORD>(hour);
     st.wMinute = static_cast<WORD>(minute);
     st.wSecond = static_cast<WORD>(second);
@@ -26,15 +25,11 @@ FILETIME convert(const SYSTEMTIME& st) {
 }
 } // namespace
 
-SYSTEMTIME DayKey::systemTimeOf(const QDate& day) {
-    return systemTime(day, 12, 12, 12, 12);
-}
-
 FILETIME DayKey::of(const QDate& day) {
     if (!day.isValid() || day.year() < 1601) {
         return {};
     }
-    return convert(systemTimeOf(day));
+    return convert(systemTime(day, 12, 12, 12, 12));
 }
 
 DbProp DayKey::prop(const QDate& day) {
@@ -54,10 +49,7 @@ FILETIME DayKey::referenceDay() {
 }
 
 FILETIME DayKey::referenceTime(int hour, int minute) {
-    SYSTEMTIME st = systemTime(referenceDate(), hour, minute, 12, 12);
-    // Times of day have always carried the fixed day-of-week field 3; the conversion ignores it.
-    st.wDayOfWeek = 3;
-    return convert(st);
+    return convert(systemTime(referenceDate(), hour, minute, 12, 12));
 }
 
 QTime DayKey::timeOf(const FILETIME& time) {

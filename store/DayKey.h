@@ -14,8 +14,6 @@ public:
 
     // The key of day; an invalid or out-of-range date gives the zero FILETIME.
     static FILETIME of(const QDate& day);
-    // The SYSTEMTIME the key is converted from (day-of-week field: weekday, 0 = Sunday, plus one).
-    static SYSTEMTIME systemTimeOf(const QDate& day);
     // Property 64 holding the key of day.
     static DbProp prop(const QDate& day);
     // The calendar day a key stands for.

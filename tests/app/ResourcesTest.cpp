@@ -1,4 +1,3 @@
-#include "Bitmaps.h"
 #include "StringTable.h"
 #include "ToolBarResource.h"
 
@@ -16,21 +15,11 @@ QByteArray words(std::initializer_list<quint16> values) {
     }
     return bytes;
 }
-
-int opaquePixels(const QPixmap& pixmap) {
-    const QImage image = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            count += qAlpha(image.pixel(x, y)) != 0 ? 1 : 0;
-        }
-    }
-    return count;
-}
 } // namespace
 
 // The commands of each bar are checked where the command bar shows them (MainDialogTest); how each
-// button, tab picture and the other bitmaps are drawn and masked shows in the screen pictures.
+// button, tab picture, the program's icon at both its sizes and the other bitmaps are drawn and
+// masked shows in the screen pictures (the navigation bar and About).
 TEST(ResourcesTest, EveryToolBarButtonHasATip) {
     for (int id : {178, 151, 157, 162}) {
         const auto bar = ToolBarResource::load(id);
@@ -54,12 +43,4 @@ TEST(ResourcesTest, TheToolBarFormatIsReadWordByWordAndMalformedOnesAreRefused) 
     EXPECT_FALSE(ToolBarResource::parse(words({1, 16, 15, 1, 32832, 5})).has_value());
     EXPECT_FALSE(ToolBarResource::parse(words({1, 16, 15})).has_value());
     EXPECT_FALSE(ToolBarResource::parse(QByteArray("\x01\x00\x10\x00\x0f\x00\x01\x00\x40", 9)).has_value());
-}
-
-TEST(ResourcesTest, TheIconComesInTwoSizes) {
-    const QIcon icon = Bitmaps::icon(128);
-    EXPECT_EQ(icon.availableSizes(), (QList<QSize>{QSize(32, 32), QSize(16, 16)}));
-    EXPECT_GT(opaquePixels(icon.pixmap(16, 16)), 100);
-    EXPECT_TRUE(Bitmaps::icon(129).isNull());
-    EXPECT_TRUE(Bitmaps::load(999).isNull());
 }

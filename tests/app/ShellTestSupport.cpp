@@ -1,7 +1,6 @@
 #include "ShellTestSupport.h"
 
 #include "Clock.h"
-#include "CommandBar.h"
 #include "DeviceFonts.h"
 #include "KovalinApp.h"
 #include "RegistryHelper.h"
@@ -181,10 +180,6 @@ void ShellTest::setText(const QString& name, const QString& value) const {
     RegistryHelper::SetString(HKEY_CURRENT_USER, Settings::kKey, name, value);
 }
 
-std::vector<int> ShellTest::toolBarCommands() const {
-    return m_screen->mainDialog().commandBar()->buttonCommands();
-}
-
 void ShellTest::trigger(int command) {
     auto* action = m_screen->findChild<QAction*>(QStringLiteral("cmd%1").arg(command));
     ASSERT_NE(action, nullptr) << "no command " << command << " on the screen";
@@ -241,26 +236,10 @@ QStringList ShellTest::rowTexts(const QTreeWidget* list) {
     return texts;
 }
 
-QString ShellTest::headings(const QTreeWidget* list) {
-    QStringList texts;
-    for (int column = 0; column < list->columnCount(); ++column) {
-        texts << list->headerItem()->text(column);
-    }
-    return texts.join('|');
-}
-
 QStringList ShellTest::itemTexts(const QComboBox* box) {
     QStringList texts;
     for (int item = 0; item < box->count(); ++item) {
         texts << box->itemText(item);
-    }
-    return texts;
-}
-
-QStringList ShellTest::itemTexts(const QListWidget* list) {
-    QStringList texts;
-    for (int row = 0; row < list->count(); ++row) {
-        texts << list->item(row)->text();
     }
     return texts;
 }

@@ -97,8 +97,6 @@ protected:
     QVariant stored(const QString& name, int* type = nullptr) const;
     void setNumber(const QString& name, DWORD value) const;
     void setText(const QString& name, const QString& value) const;
-    // The tool-bar commands the command bar shows.
-    std::vector<int> toolBarCommands() const;
     // Triggers the menu or tool-bar command's QAction, failing when there is none on the screen.
     void trigger(int command);
     // Holds the stylus on target at position until its context menu is up, records the menu's
@@ -115,11 +113,8 @@ protected:
     static void typeInto(QLineEdit* edit, const QString& keys, bool replace = false, Qt::Key last = Qt::Key_Return);
     // A list's rows, each as its texts joined by '|'.
     static QStringList rowTexts(const QTreeWidget* list);
-    // A list's column headings joined by '|'.
-    static QString headings(const QTreeWidget* list);
-    // The texts of a drop-down's items, or of a plain list's rows, in order.
+    // The texts of a drop-down's items, in order.
     static QStringList itemTexts(const QComboBox* box);
-    static QStringList itemTexts(const QListWidget* list);
 
     TestDevice m_device;
     ScriptedMessageBoxes m_boxes;

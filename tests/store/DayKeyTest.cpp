@@ -15,12 +15,6 @@ TEST(DayKey, IsTheDayAtTwelveTwelveTwelveAsAFileTimeInProperty64) {
     }
 }
 
-TEST(DayKey, CarriesTheWeekdayPlusOneInTheSystemTime) {
-    // 7 March 2003 was a Friday: weekday 5 with Sunday 0, so the field holds 6.
-    EXPECT_EQ(DayKey::systemTimeOf(QDate(2003, 3, 7)), (SYSTEMTIME{2003, 3, 6, 7, 12, 12, 12, 12}));
-    EXPECT_EQ(DayKey::systemTimeOf(QDate(2026, 11, 22)).wDayOfWeek, 1); // a Sunday
-}
-
 TEST(DayKey, TimesOfDayLieOnTheReferenceDay) {
     // 14:30:12.012 is 2 hours 18 minutes after the reference day's 12:12:12.012.
     EXPECT_EQ(fileTimeTicks(DayKey::referenceTime(14, 30)), 116101303320120000ull + 8280ull * 10000000ull);
