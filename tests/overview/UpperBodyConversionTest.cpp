@@ -56,7 +56,9 @@ TEST_F(UpperBodyConversionTest, SplitsEachDayIntoTheDefaultPairOnce) {
     // A day of B groups only still gets an A record, so the strength page finds the day.
     EXPECT_EQ(m_stored.props(kA, kSecond), "64:64");
     EXPECT_EQ(m_stored.props(kB, kSecond), "64:64,511:31");
+    // A day the pair already holds, in either database, is left as it is: nothing is added to the other.
     EXPECT_EQ(m_stored.value(kA, kHeld, 106, SqlLogWriter::kText).toString(), "New press");
+    EXPECT_EQ(m_stored.props(kB, kHeld), "");
     EXPECT_EQ(m_stored.recordCount(kSource), 4);
     EXPECT_EQ(done(), 1u);
     EXPECT_TRUE(m_boxes.texts().isEmpty());
