@@ -35,7 +35,6 @@ public:
     QDate lastDay() const { return m_lastDay; }
     const std::vector<Point>& points() const { return m_points; }
     bool isEmpty() const { return m_points.empty(); }
-    double sum() const { return m_sum; }
     double largest() const { return m_largest; }
     // The sum over the number of points; 0 without points.
     double average() const { return m_points.empty() ? 0.0 : m_sum / static_cast<double>(m_points.size()); }

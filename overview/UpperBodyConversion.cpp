@@ -19,7 +19,7 @@ bool sameKey(const FILETIME& a, const FILETIME& b) {
 }
 
 // Converts every day of the open source; false at the first error.
-bool convertDays(RecordDatabase& source, RecordDatabase& a, RecordDatabase& b, UpperBodyConversion::Outcome& outcome) {
+bool convertDays(RecordDatabase& source, RecordDatabase& a, RecordDatabase& b) {
     DbRecord day;
     for (CEOID oid = source.SeekFirst(); oid != 0; oid = source.SeekNext()) {
         day.clear();
@@ -31,8 +31,8 @@ bool convertDays(RecordDatabase& source, RecordDatabase& a, RecordDatabase& b, U
         if (key == nullptr || key->type() != CEVT_FILETIME || sameKey(key->toFileTime(), DayKey::referenceDay())) {
             continue;
         }
+        // A day the pair already holds is left as the pair has it.
         if (a.SeekFirstEqual(*key) != 0 || b.SeekFirstEqual(*key) != 0) {
-            ++outcome.kept;
             continue;
         }
         DbRecord recordA;
@@ -49,46 +49,41 @@ bool convertDays(RecordDatabase& source, RecordDatabase& a, RecordDatabase& b, U
         if (a.Write(recordA, 0) == 0 || b.Write(recordB, 0) == 0) {
             return false;
         }
-        ++outcome.converted;
     }
     // The walk ends at the last record or at an error; only the former is the end of the days.
     return GetLastError() == ERROR_NO_MORE_ITEMS || GetLastError() == ERROR_SUCCESS;
 }
 } // namespace
 
-UpperBodyConversion::Outcome UpperBodyConversion::runOnce(const QString& aName, const QString& bName, QObject* owner) {
-    Outcome outcome;
+void UpperBodyConversion::runOnce(const QString& aName, const QString& bName, QObject* owner) {
     if (!RecordDatabase::Exists(kSourceName) ||
         RegistryHelper::GetDword(HKEY_CURRENT_USER, Settings::kKey, kDoneValue) == 1) {
-        return outcome;
+        return;
     }
-    outcome.ran = true;
+    bool done = false;
     {
         // The days and the mark that they were taken are one transaction: all of them, or none.
         VolumeTransaction transaction;
         RecordDatabase source;
         RecordDatabase a;
         RecordDatabase b;
-        outcome.done = transaction.isActive() && DatabaseCatalogue::ensureDatedLog(aName) &&
-                       DatabaseCatalogue::ensureDatedLog(bName) && source.Open(kSourceName) &&
-                       a.Open(aName, DayKey::kPropId) && b.Open(bName, DayKey::kPropId) &&
-                       convertDays(source, a, b, outcome);
-        if (outcome.done) {
+        done = transaction.isActive() && DatabaseCatalogue::ensureDatedLog(aName) &&
+               DatabaseCatalogue::ensureDatedLog(bName) && source.Open(kSourceName) && a.Open(aName, DayKey::kPropId) &&
+               b.Open(bName, DayKey::kPropId) && convertDays(source, a, b);
+        if (done) {
             RegistryHelper::SetDword(HKEY_CURRENT_USER, Settings::kKey, kDoneValue, 1);
         }
         source.Close();
         a.Close();
         b.Close();
-        outcome.done = outcome.done && transaction.commit();
+        done = done && transaction.commit();
     }
-    if (!outcome.done) {
-        outcome.converted = 0; // rolled back: nothing was written
+    if (!done) {
         MessageBoxW(owner, kFailedText, QStringLiteral("Kovalin"), MB_OK | MB_ICONERROR);
     }
-    return outcome;
 }
 
-UpperBodyConversion::Outcome UpperBodyConversion::runOnce(QObject* owner) {
-    return runOnce(DatabaseCatalogue::userDatabaseName(UserDatabase::UpperA, QString()),
-                   DatabaseCatalogue::userDatabaseName(UserDatabase::UpperB, QString()), owner);
+void UpperBodyConversion::runOnce(QObject* owner) {
+    runOnce(DatabaseCatalogue::userDatabaseName(UserDatabase::UpperA, QString()),
+            DatabaseCatalogue::userDatabaseName(UserDatabase::UpperB, QString()), owner);
 }

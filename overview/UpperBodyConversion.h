@@ -24,16 +24,9 @@ public:
         "The upper-body log of an earlier release (Kov2UpperBody) could not be converted completely. It is kept "
         "as it was, and the conversion will be tried again at the next start.");
 
-    struct Outcome {
-        bool ran = false;  // there was something to convert and it had not been done before
-        bool done = false; // every day was taken (converted or already held)
-        int converted = 0; // days written into the pair
-        int kept = 0;      // days the pair already held
-    };
-
     // Converts into the pair aName / bName when the source exists and the conversion has not been
     // done. A failure shows kFailedText over owner.
-    static Outcome runOnce(const QString& aName, const QString& bName, QObject* owner = nullptr);
+    static void runOnce(const QString& aName, const QString& bName, QObject* owner = nullptr);
     // The same into the Default user's pair.
-    static Outcome runOnce(QObject* owner = nullptr);
+    static void runOnce(QObject* owner = nullptr);
 };

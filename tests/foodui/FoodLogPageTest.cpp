@@ -88,6 +88,7 @@ TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneS
         const char* message; // nullptr: accepted
         int number, type;
         double stored;
+        int spin = 0, clicks = 0; // the up-down pressed after typing: up when clicks is positive
     } entries[] = {
         {IDC_FOOD_WATER, "100", "Please enter an integer between 0 and 99."},
         {IDC_FOOD_WEIGHT, "1000", "Please enter an integer between 0 and 999."},
@@ -107,10 +108,18 @@ TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneS
         {IDC_FOOD_WAIST, "32", nullptr, 1146, kR8, 32},
         {IDC_FOOD_QUADS, "24.5", nullptr, 1148, kR8, 24.5},
         {IDC_FOOD_CALVES, "15", nullptr, 1149, kR8, 15},
+        // The spins step water and weight by one and body fat by tenths.
+        {IDC_FOOD_BODYFAT, "22.4", nullptr, 1003, kR8, 22.5, IDC_FOOD_BODYFATSPIN, 1},
+        {IDC_FOOD_WATER, "98", nullptr, 1001, kI2, 99, IDC_FOOD_WATERSPIN, 1},
+        {IDC_FOOD_WEIGHT, "150", nullptr, 1002, kI2, 149, IDC_FOOD_WEIGHTSPIN, -1},
     };
     for (const auto& entry : entries) {
         m_boxes.clear();
         typeNumber(control<NumberEdit>(entry.id), QString::fromLatin1(entry.typed));
+        if (entry.spin != 0) {
+            UpDownControl* spin = control<UpDownControl>(entry.spin);
+            QTest::mouseClick(entry.clicks > 0 ? spin->upButton() : spin->downButton(), Qt::LeftButton);
+        }
         if (entry.message != nullptr) {
             EXPECT_EQ(m_boxes.texts(), QStringList{QString::fromLatin1(entry.message)}) << entry.typed;
             EXPECT_EQ(storedDays().propCount(kFood, kToday), 2) << entry.typed;
@@ -122,8 +131,7 @@ TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneS
     // The first save wrote all fifteen values: a drop-down's "no choice" as the all-ones value.
     EXPECT_EQ(value(1153, kI2).toInt(), -1);
 
-    // A drop-down saves when a choice is made, each its own rating; the notes lose their placeholder on
-    // focus and are saved as typed.
+    // A drop-down saves when a choice is made, each its own rating; the notes are saved as typed.
     for (const auto& [id, number, downs] : {std::tuple{IDC_FOOD_OVERALL, 1152, 2}, {IDC_FOOD_SLEEPQUALITY, 1153, 4}}) {
         auto* rating = control<RatingCombo>(id);
         rating->setFocus();
@@ -133,13 +141,10 @@ TEST_F(FoodLogPageTest, EachTypedValueIsSavedAtOnceByItsIdAndTypeAndARefusedOneS
         EXPECT_EQ(value(number, kI2).toInt(), downs - 1) << number;
     }
     auto* notes = control<NotesEdit>(IDC_FOOD_NOTES);
-    for (const QString& before : {QString(), QStringLiteral("Slept well")}) {
-        notes->setFocus();
-        EXPECT_EQ(notes->notes(), before) << "a person's notes stay on focus";
-        QTest::keyClicks(notes, before.isEmpty() ? "Slept well" : "");
-        control<NumberEdit>(IDC_FOOD_WATER)->setFocus();
-        EXPECT_EQ(value(1132, kText).toString(), "Slept well");
-    }
+    notes->setFocus();
+    QTest::keyClicks(notes, "Slept well");
+    control<NumberEdit>(IDC_FOOD_WATER)->setFocus();
+    EXPECT_EQ(value(1132, kText).toString(), "Slept well");
     EXPECT_EQ(storedDays().propCount(kFood, kToday), 16);
 }
 
@@ -163,27 +168,6 @@ TEST_F(FoodLogPageTest, ASaveThatFailsOnAFullDiskIsToldAndThePageShowsWhatIsStor
     EXPECT_EQ(value(1132, kText).toString(), "Slept well");
 }
 
-TEST_F(FoodLogPageTest, TheSpinsSetWaterAndWeightByOneAndBodyFatByTenths) {
-    showPage();
-    const struct {
-        int edit, spin;
-        const char* typed;
-        bool up;
-        int number, type;
-        double stored;
-    } steps[] = {{IDC_FOOD_BODYFAT, IDC_FOOD_BODYFATSPIN, "22.4", true, 1003, kR8, 22.5},
-                 {IDC_FOOD_WATER, IDC_FOOD_WATERSPIN, "98", true, 1001, kI2, 99},
-                 {IDC_FOOD_WEIGHT, IDC_FOOD_WEIGHTSPIN, "150", false, 1002, kI2, 149}};
-    for (const auto& step : steps) {
-        typeNumber(control<NumberEdit>(step.edit), QString::fromLatin1(step.typed));
-        UpDownControl* spin = control<UpDownControl>(step.spin);
-        QTest::mouseClick(step.up ? spin->upButton() : spin->downButton(), Qt::LeftButton);
-        EXPECT_EQ(control<NumberEdit>(step.edit)->value(), step.stored) << step.number;
-        EXPECT_DOUBLE_EQ(value(step.number, step.type).toDouble(), step.stored) << step.number;
-    }
-    EXPECT_TRUE(m_boxes.texts().isEmpty());
-}
-
 TEST_F(FoodLogPageTest, MealsAreAddedEditedAndDeletedThroughTheListMenusAndTheMealDialog) {
     showPage();
     answerMealDialog("7:05a", {"Greek Yogurt", "Oatmeal", "", "Fish Oil"});
@@ -195,7 +179,6 @@ TEST_F(FoodLogPageTest, MealsAreAddedEditedAndDeletedThroughTheListMenusAndTheMe
     answerMealDialog({}, {});
     trigger(ID_FOOD_ADDMEAL);
     EXPECT_EQ(rows().value(1), "9:41A||||");
-    EXPECT_EQ(counts(), "1 1 0");
 
     // Cancel stores nothing, whatever was typed.
     const QString before = storedDays().props(kFood, kToday);
@@ -216,14 +199,12 @@ TEST_F(FoodLogPageTest, MealsAreAddedEditedAndDeletedThroughTheListMenusAndTheMe
     // Deleting the first meal leaves a hole (kept by the records): the second is no longer listed.
     holdAndChoose(0, ID_FOOD_DELETEMEAL);
     EXPECT_TRUE(rows().isEmpty());
-    EXPECT_EQ(counts(), "0 0 0");
     EXPECT_TRUE(m_boxes.texts().isEmpty());
 }
 
 TEST_F(FoodLogPageTest, TheNowButtonTakesTheClocksTimeAndAListButtonRefillsItsListAfterTheEditor) {
     showPage();
-    QStringList carbs;
-    whenShown(QStringLiteral("MealDialog"), [&carbs](QWidget* dialog) {
+    whenShown(QStringLiteral("MealDialog"), [](QWidget* dialog) {
         typeInto(ShellTest::control<TimeControl>(*dialog, IDC_MEAL_TIME), "6:15p");
         dialog->findChild<QToolButton*>(QStringLiteral("c%1").arg(IDC_MEAL_NOW))->click();
 
@@ -235,13 +216,10 @@ TEST_F(FoodLogPageTest, TheNowButtonTakesTheClocksTimeAndAListButtonRefillsItsLi
         });
         dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDC_MEAL_CARBLIST))->click();
         auto* carb = ShellTest::control<QComboBox>(*dialog, IDC_MEAL_CARB);
-        carbs = itemTexts(carb);
         carb->setCurrentIndex(carb->findText("quinoa"));
         QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("c%1").arg(IDOK)), Qt::LeftButton);
     });
     trigger(ID_FOOD_ADDMEAL);
-    EXPECT_EQ(carbs.size(), 14);
-    EXPECT_EQ(carbs.value(9), "quinoa");
     EXPECT_EQ(rows(), QStringList{"9:41A||quinoa||"});
 }
 
@@ -271,7 +249,6 @@ TEST_F(FoodLogPageTest, ADateChangedHereMovesTheOtherPagesOnlyWhenCkDateIs1) {
     };
     typeInto(control<DateControl>(IDC_FOOD_DATE), "3/10/2024");
     EXPECT_EQ(page().shownDate(), QDate(2024, 3, 10));
-    EXPECT_EQ(storedDays().props(kFood, QDate(2024, 3, 10)), "64:64,1132:31");
     EXPECT_EQ(upperDate(), kToday);
 
     setNumber(Settings::kCkDate, 1);

@@ -48,7 +48,6 @@ TEST_F(CalendarMonthTest, FortyTwoDaysFromTheSundayOnOrBeforeTheFirst) {
     for (size_t i = 1; i < m_month.cells().size(); ++i) {
         EXPECT_EQ(dayOf(m_month.cells()[i - 1]).addDays(1), dayOf(m_month.cells()[i]));
     }
-    EXPECT_EQ(m_month.title(), "September 2024");
     // February of a leap year has 29 cells of its own.
     built(2, 2024);
     EXPECT_EQ(dayOf(m_month.cells().front()), QDate(2024, 1, 28));

@@ -49,15 +49,11 @@ protected:
 };
 } // namespace
 
-TEST_F(OverviewPagesTest, TodayShowsTheWorkoutAndTheNextMealAndTapsOpenThePagesOfTheirBoxes) {
+TEST_F(OverviewPagesTest, TodayShowsTheWorkoutAndTapsOpenThePagesOfTheirBoxes) {
     m_sql.writeDay("Kov2Aerobic", kToday, {text(701, "Rowing")});
     m_sql.writeDay("Kov2AUpperBody", kToday, {text(106, "Bench")});
-    m_sql.writeDay("Kov2Food", kToday,
-                   {SqlLogWriter::mealTime(1010, 18, 0), text(1012, "Salmon"), text(1013, "Potato"),
-                    text(1014, "Asparagus"), text(1015, "Fish Oil")});
     startProgram();
     ASSERT_TRUE(waitUntil([this] { return today().workoutText() == "Rowing, Upper Body, Lower Body"; }));
-    EXPECT_EQ(today().nextMealText(), "Salmon, Potato, Asparagus, Fish Oil");
 
     tapToday({100, 70});
     EXPECT_EQ(tab(), 3);
