@@ -17,15 +17,6 @@ namespace {
 using namespace PropType;
 const QDate kReferenceDay(1968, 11, 29);
 
-// Properties given as number, type, value, number, type, value...
-std::vector<SqlLogWriter::Prop> props(const QVariantList& flat) {
-    std::vector<SqlLogWriter::Prop> props;
-    for (qsizetype i = 0; i + 2 < flat.size(); i += 3) {
-        props.push_back({flat[i].toInt(), flat[i + 1].toInt(), flat[i + 2]});
-    }
-    return props;
-}
-
 // One line as the file holds it: count quoted cells, empty but for the runs of cells given from their
 // first index on, separated by commas and ended by a carriage return.
 QByteArray line(int count, const std::vector<std::pair<int, QList<QByteArray>>>& runs) {
@@ -63,19 +54,18 @@ protected:
 TEST_F(CsvExportTest, BodyHalfWritesEachRecordAfterTheMarkerInDateOrderUnderThe185CellHeader) {
     // Set 7 of slot 1 lacks its intensity; group 3 (406) lies beyond the three exported slots.
     createLog("Kov2AUpperBodyAnn", {});
-    m_sql.writeDay("Kov2AUpperBodyAnn", QDate(2003, 12, 1), props({102,   kI2,   7,       103,   kI2,
-                                                                   5,     104,   kI2,     45,    105,
-                                                                   kUI2,  1,     1132,    kText, "Hard, \"heavy\" day",
-                                                                   106,   kText, "Bench", 107,   kText,
-                                                                   "10",  108,   kR8,     135.5, 109,
-                                                                   kText, "2",   110,     kI2,   7,
-                                                                   236,   kText, "Press", 238,   kR8,
-                                                                   60.0,  241,   kText,   "Dips"}));
+    // clang-format off
+    m_sql.writeDay("Kov2AUpperBodyAnn", QDate(2003, 12, 1),
+                   {{102, kI2, 7}, {103, kI2, 5}, {104, kI2, 45}, {105, kUI2, 1},
+                    {1132, kText, "Hard, \"heavy\" day"}, {106, kText, "Bench"}, {107, kText, "10"},
+                    {108, kR8, 135.5}, {109, kText, "2"}, {110, kI2, 7}, {236, kText, "Press"}, {238, kR8, 60.0},
+                    {241, kText, "Dips"}});
+    // clang-format on
     m_sql.writeDay("Kov2AUpperBodyAnn", QDate(2003, 3, 7),
-                   props({102, kI2, 18, 103, kI2, 30, 1120, kI2, 40, 105, kUI2, 0}));
+                   {{102, kI2, 18}, {103, kI2, 30}, {1120, kI2, 40}, {105, kUI2, 0}});
     createLog("Kov2BUpperBodyAnn", {QDate(2003, 3, 7)});
     m_sql.writeDay("Kov2BUpperBodyAnn", QDate(2003, 12, 1),
-                   props({306, kText, "Rows", 308, kR8, 100.25, 406, kText, "Curl"}));
+                   {{306, kText, "Rows"}, {308, kR8, 100.25}, {406, kText, "Curl"}});
 
     EXPECT_TRUE(m_export.ExportStrength(BodyRegion::Upper, m_progress));
     // The day's columns, then five for each of the 36 sets: 185 cells.
@@ -100,24 +90,14 @@ TEST_F(CsvExportTest, BodyHalfWritesEachRecordAfterTheMarkerInDateOrderUnderThe1
 TEST_F(CsvExportTest, AerobicLineHoldsThreeBlocksInTheCodePageWithoutAMarkerToSkip) {
     // Exercise 2 on its own numbers, exercise 3 only named.
     m_sql.writeLog("Kov2AerobicAnn");
-    m_sql.writeDay("Kov2AerobicAnn", QDate(2004, 2, 29), props({102,  kI2,   6,
-                                                                103,  kI2,   45,
-                                                                104,  kI2,   30,
-                                                                105,  kUI2,  1,
-                                                                1132, kText, "Easy \u2192 hard",
-                                                                701,  kText, "Caf\u00e9 run",
-                                                                702,  kI2,   3,
-                                                                721,  kI2,   10,
-                                                                722,  kR8,   5.25,
-                                                                723,  kI2,   150,
-                                                                724,  kText, "Park \U0001F332",
-                                                                1136, kI2,   17,
-                                                                1140, kI2,   20,
-                                                                1144, kUI2,  0,
-                                                                1142, kText, "Cool down, cafe\u0301",
-                                                                801,  kText, "Bike",
-                                                                822,  kR8,   3.0,
-                                                                901,  kText, "Swim"}));
+    // clang-format off
+    m_sql.writeDay("Kov2AerobicAnn", QDate(2004, 2, 29),
+                   {{102, kI2, 6}, {103, kI2, 45}, {104, kI2, 30}, {105, kUI2, 1}, {1132, kText, "Easy \u2192 hard"},
+                    {701, kText, "Caf\u00e9 run"}, {702, kI2, 3}, {721, kI2, 10}, {722, kR8, 5.25}, {723, kI2, 150},
+                    {724, kText, "Park \U0001F332"}, {1136, kI2, 17}, {1140, kI2, 20}, {1144, kUI2, 0},
+                    {1142, kText, "Cool down, cafe\u0301"}, {801, kText, "Bike"}, {822, kR8, 3.0},
+                    {901, kText, "Swim"}});
+    // clang-format on
 
     EXPECT_TRUE(m_export.ExportAerobic(m_progress));
     const QList<QByteArray> head = header("kovaerobic.csv");
@@ -136,27 +116,16 @@ TEST_F(CsvExportTest, AerobicLineHoldsThreeBlocksInTheCodePageWithoutAMarkerToSk
 
 TEST_F(CsvExportTest, FoodLineHoldsTheDayValuesByTypeAndTheFifteenMealSlots) {
     createLog("Kov2FoodAnn", {});
+    // clang-format off
     m_sql.writeDay("Kov2FoodAnn", QDate(2010, 10, 10),
-                   props({1001, kI2,       8,
-                          1002, kI2,       181,
-                          1003, kR8,       21.5,
-                          1132, kText,     "Tired",
-                          1151, kR8,       40.0,
-                          1150, kR8,       15.75,
-                          1146, kR8,       32.5,
-                          1148, kR8,       22.0,
-                          1149, kR8,       15.0,
-                          1147, kR8,       7.5,
-                          1154, kI2,       120,
-                          1155, kI2,       80,
-                          1156, kI2,       52,
-                          1152, kI2,       -1,
-                          1010, kFileTime, StoredDays::fileTimeOf(kReferenceDay, QTime(7, 5, 12, 12)),
-                          1012, kText,     "Eggs",
-                          1014, kText,     "",
-                          1015, kText,     "Coffee",
-                          1094, kFileTime, StoredDays::fileTimeOf(kReferenceDay, QTime(23, 59, 12, 12)),
-                          1096, kText,     "Fish"}));
+                   {{1001, kI2, 8}, {1002, kI2, 181}, {1003, kR8, 21.5}, {1132, kText, "Tired"}, {1151, kR8, 40.0},
+                    {1150, kR8, 15.75}, {1146, kR8, 32.5}, {1148, kR8, 22.0}, {1149, kR8, 15.0}, {1147, kR8, 7.5},
+                    {1154, kI2, 120}, {1155, kI2, 80}, {1156, kI2, 52}, {1152, kI2, -1},
+                    {1010, kFileTime, StoredDays::fileTimeOf(kReferenceDay, QTime(7, 5, 12, 12))},
+                    {1012, kText, "Eggs"}, {1014, kText, ""}, {1015, kText, "Coffee"},
+                    {1094, kFileTime, StoredDays::fileTimeOf(kReferenceDay, QTime(23, 59, 12, 12))},
+                    {1096, kText, "Fish"}});
+    // clang-format on
 
     EXPECT_TRUE(m_export.ExportFood(m_progress));
     const QList<QByteArray> head = header("kovfood.csv");

@@ -35,16 +35,12 @@ protected:
 TEST_F(UpperBodyConversionTest, SplitsEachDayIntoTheDefaultPairOnce) {
     // The source: the reference-day marker, a whole day, a day the pair holds, a day of B groups.
     m_sql.writeDay(kSource, QDate(1968, 11, 29), {});
+    // clang-format off
     m_sql.writeDay(kSource, kFirst,
-                   {{102, SqlLogWriter::kI2, 6},
-                    {105, SqlLogWriter::kUI2, 1},
-                    text(106, "Bench"),
-                    {108, SqlLogWriter::kR8, 135.0},
-                    text(305, "edge of A"),
-                    text(306, "Row"),
-                    text(705, "last of B"),
-                    text(1132, "Felt good"),
-                    {1133, SqlLogWriter::kI2, 20}});
+                   {{102, SqlLogWriter::kI2, 6}, {105, SqlLogWriter::kUI2, 1}, text(106, "Bench"),
+                    {108, SqlLogWriter::kR8, 135.0}, text(305, "edge of A"), text(306, "Row"),
+                    text(705, "last of B"), text(1132, "Felt good"), {1133, SqlLogWriter::kI2, 20}});
+    // clang-format on
     m_sql.writeDay(kSource, kHeld, {text(106, "Old press")});
     m_sql.writeDay(kSource, kSecond, {text(511, "Curl")});
     m_sql.writeDay(kA, kHeld, {text(106, "New press")});

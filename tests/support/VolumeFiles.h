@@ -4,14 +4,13 @@
 // those tests make.
 
 #include "CeDatabase.h"
+#include "SqlLogWriter.h"
 
 #include <QByteArray>
 #include <QFile>
 #include <QString>
 
 #include <gtest/gtest.h>
-
-#include <sqlite3.h>
 
 namespace VolumeFiles {
 inline QByteArray readFile(const QString& path) {
@@ -27,12 +26,7 @@ inline void writeFile(const QString& path, const QByteArray& bytes) {
 
 // Runs sql on the file with a connection of its own, as anyone with the sqlite3 shell would.
 inline void runSql(const QString& path, const char* sql) {
-    sqlite3* db = nullptr;
-    ASSERT_EQ(sqlite3_open(QFile::encodeName(path).constData(), &db), SQLITE_OK);
-    char* message = nullptr;
-    EXPECT_EQ(sqlite3_exec(db, sql, nullptr, nullptr, &message), SQLITE_OK) << (message ? message : "");
-    sqlite3_free(message);
-    sqlite3_close(db);
+    SqlLogWriter(path).run(QString::fromUtf8(sql));
 }
 
 // The file and its companions, each as bytes (empty when missing), to compare before and after.

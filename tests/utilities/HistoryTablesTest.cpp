@@ -103,51 +103,28 @@ TEST_F(HistoryImportTest, TablesWriteEveryValueAsThePagesShowItAndReadItBack) {
     for (const QString& log : DatabaseCatalogue::userDatabaseNames("")) {
         m_store.writeDay(log, QDate(1968, 11, 29));
     }
+    // clang-format off
     m_store.writeDay("Kov2AUpperBody", kDay1,
-                     {{102, kI2, 7},
-                      {103, kI2, 5},
-                      {104, kI2, 65},
-                      {1133, kI2, 9},
-                      {105, kUI2, 1},
-                      {1132, kText, "Say \"hi\", then go"},
-                      {106, kText, "Bench Press"},
-                      {107, kText, "10"},
-                      {108, kR8, 82.5},
-                      {109, kText, "2"},
-                      {110, kI2, 7},
-                      {111, kText, ""},
-                      {112, kText, ""},
-                      {113, kR8, 0.0},
-                      {114, kText, ""},
-                      {115, kI2, 0}});
+                     {{102, kI2, 7}, {103, kI2, 5}, {104, kI2, 65}, {1133, kI2, 9}, {105, kUI2, 1},
+                      {1132, kText, "Say \"hi\", then go"}, {106, kText, "Bench Press"}, {107, kText, "10"},
+                      {108, kR8, 82.5}, {109, kText, "2"}, {110, kI2, 7}, {111, kText, ""}, {112, kText, ""},
+                      {113, kR8, 0.0}, {114, kText, ""}, {115, kI2, 0}});
+    // clang-format on
     m_store.writeDay(
         "Kov2BUpperBody", kDay1,
         {{306, kText, "Rows"}, {307, kText, "8"}, {308, kR8, 60.0}, {310, kI2, 5}, {661, kText, "Shrugs"}});
     m_store.writeDay("Kov2AUpperBody", kDay2, {{102, kI2, 9}, {103, kI2, 41}, {1132, kText, kPlaceholder}});
     m_store.writeDay("Kov2BUpperBody", kDay2);
+    // clang-format off
     m_store.writeDay("Kov2Food", kDay1,
-                     {{1001, kI2, 0},
-                      {1003, kR8, 18.25},
-                      {1152, kI2, -1},
-                      {1153, kI2, 3},
-                      {1132, kText, kPlaceholder},
-                      SqlLogWriter::mealTime(1010, 7, 5),
-                      {1012, kText, "Eggs"},
-                      {1013, kText, ""},
-                      {1014, kText, ""},
-                      {1015, kText, ""},
-                      SqlLogWriter::mealTime(1022, 12, 30),
+                     {{1001, kI2, 0}, {1003, kR8, 18.25}, {1152, kI2, -1}, {1153, kI2, 3},
+                      {1132, kText, kPlaceholder}, SqlLogWriter::mealTime(1010, 7, 5), {1012, kText, "Eggs"},
+                      {1013, kText, ""}, {1014, kText, ""}, {1015, kText, ""}, SqlLogWriter::mealTime(1022, 12, 30),
                       {1024, kText, "Tuna, canned"}});
     m_store.writeDay("Kov2Aerobic", kDay1,
-                     {{801, kText, "Running"},
-                      {802, kI2, 3},
-                      {822, kR8, 5.5},
-                      {1136, kI2, 6},
-                      {1138, kI2, 30},
-                      {1140, kI2, 45},
-                      {1134, kI2, 7},
-                      {1144, kUI2, 1},
-                      {1142, kText, "Easy"}});
+                     {{801, kText, "Running"}, {802, kI2, 3}, {822, kR8, 5.5}, {1136, kI2, 6}, {1138, kI2, 30},
+                      {1140, kI2, 45}, {1134, kI2, 7}, {1144, kUI2, 1}, {1142, kText, "Easy"}});
+    // clang-format on
 
     ASSERT_FALSE(exportTables("", folder("first")).isEmpty());
     EXPECT_EQ(readFile(folder("first/workouts.csv")),
