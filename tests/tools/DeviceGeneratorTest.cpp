@@ -1,6 +1,4 @@
 #include "DeviceGenerator.h"
-#include "NameList.h"
-#include "SqlReader.h"
 #include "StoredDays.h"
 
 #include "CeDatabase.h"
@@ -43,25 +41,4 @@ TEST(DeviceGenerator, FillsEveryDayOfEveryLogWithTheRecordLayouts) {
     EXPECT_EQ(days.value(upperA, day, 108, CEVT_R8).typeId(), QMetaType::Double); // set 1's weight
     EXPECT_FALSE(days.value(upperA, day, 306, CEVT_LPWSTR).isValid());            // group 2 lives in B
     EXPECT_EQ(days.value("Kov2BUpperBodyAnn", day, 306, CEVT_LPWSTR).typeId(), QMetaType::QString);
-}
-
-TEST(DeviceGenerator, OneSeedGivesOneDeviceAndListsItsUsers) {
-    QTemporaryDir first;
-    QTemporaryDir second;
-    DeviceGenerator a(twoUsersOneYear(first.path()));
-    DeviceGenerator b(twoUsersOneYear(second.path()));
-    ASSERT_TRUE(a.generate());
-    ASSERT_TRUE(b.generate());
-    const QString sum =
-        QStringLiteral("SELECT total(length(CAST(value AS BLOB))) + total(propid) + count(*) FROM props");
-    EXPECT_EQ(SqlReader(DevicePaths(first.path()).objectStore()).value(sum),
-              SqlReader(DevicePaths(second.path()).objectStore()).value(sum));
-
-    // A device is generated once: a second run on it is refused and changes nothing.
-    DeviceGenerator again(twoUsersOneYear(first.path()));
-    EXPECT_FALSE(again.generate());
-
-    ASSERT_TRUE(CeMountObjectStore(DevicePaths(first.path()).objectStore()));
-    EXPECT_EQ(NameList(QStringLiteral("KovUserList")).items(), QStringList({"<add new user>", "Ann", "Default"}));
-    CeUnmountObjectStore();
 }
