@@ -182,10 +182,6 @@ TEST_F(ControlTest, TimeControlsTakeTypedFieldsInBothPictures) {
     QTest::keyClicks(span, "01:30:20");
     QTest::keyClick(span, Qt::Key_Return);
     EXPECT_EQ(span->time(), QTime(1, 30, 20));
-    tapAt(span, 4);
-    QTest::keyClicks(span, "45");
-    QTest::keyClick(span, Qt::Key_Escape);
-    EXPECT_EQ(span->text(), "01:30:20");
     leave();
     EXPECT_EQ(span->time(), QTime(1, 30, 20));
     EXPECT_EQ(span->cursorPosition(), 0) << "a control left shows the start of its text";

@@ -5,8 +5,8 @@
 //
 // And volume transactions: an operation's writes are seen inside it and kept only when it commits;
 // a call that fails inside undoes only itself, but a bulk copy that fails half-way leaves only a
-// rollback; out-of-turn use is refused; a disk that fails at the commit keeps nothing of it. And the
-// read-only mount, which changes nothing of a file.
+// rollback; a disk that fails at the commit keeps nothing of it. And the read-only mount, which
+// changes nothing of a file.
 
 #include "CallOutcome.h"
 #include "CeDatabase.h"
@@ -279,25 +279,6 @@ TEST_F(VolumeTransactionTest, WritesAreSeenInsideAndKeptOnlyWhenCommitted) {
     // Outside a transaction every write is committed on its own, as ever.
     ASSERT_NE(CeWriteRecordProps(m_db, 0, DurabilityRecord::make(3)), 0u);
     EXPECT_NE(committed(), after);
-}
-
-TEST_F(VolumeTransactionTest, OutOfTurnUseIsRefusedAndCommitsNothing) {
-    const QString before = committed();
-    ASSERT_TRUE(CeBeginTransaction(&m_guid));
-    ASSERT_NE(CeWriteRecordProps(m_db, 0, DurabilityRecord::make(2)), 0u);
-    // A nested begin is refused; it neither commits the open transaction nor ends it.
-    EXPECT_EQ(outcome(CeBeginTransaction(&m_guid)), (CallOutcome{0, ERROR_TRANSACTION_REQUEST_NOT_VALID}));
-    EXPECT_EQ(committed(), before);
-    EXPECT_TRUE(CeEndTransaction(&m_guid, FALSE));
-    EXPECT_EQ(committed(), before);
-
-    // Unmounted with a transaction open: nothing of it is kept.
-    ASSERT_TRUE(CeBeginTransaction(&m_guid));
-    ASSERT_NE(CeWriteRecordProps(m_db, 0, DurabilityRecord::make(4)), 0u);
-    CloseHandle(m_db);
-    m_db = nullptr;
-    CeUnmountDBVol(&m_guid);
-    EXPECT_EQ(committed(), before);
 }
 
 TEST_F(VolumeTransactionTest, ADiskThatFailsAtTheCommitKeepsNothingOfTheTransaction) {
