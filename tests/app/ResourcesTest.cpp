@@ -3,10 +3,9 @@
 
 #include <gtest/gtest.h>
 
-// The commands of each bar are checked where the command bar shows them (MainDialogTest); how each
-// button, tab picture, the program's icon at both its sizes and the other bitmaps are drawn and
-// masked shows in the screen pictures (the navigation bar and About); the set grid's bar, the one
-// with a separator, shows that a separator takes no slice of the strip.
+// The commands of each bar are checked where the command bar shows them (MainDialogTest); how each button
+// (a separator takes no slice of the strip: the set grid's bar), tab picture, the program's icon at both its
+// sizes and the other bitmaps are drawn and masked shows in the screen pictures (the navigation bar, About).
 TEST(ResourcesTest, EveryToolBarButtonHasATip) {
     for (int id : {178, 151, 157, 162}) {
         const auto bar = ToolBarResource::load(id);

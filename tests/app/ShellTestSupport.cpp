@@ -70,10 +70,6 @@ void RecordingPage::openGroup(const QDate& date, int groupCode) {
     m_log.append(m_name + QStringLiteral(" openGroup %1 %2").arg(date.toString(Qt::ISODate)).arg(groupCode));
 }
 
-void RecordingPage::paintEvent(QPaintEvent*) {
-    ++m_paints;
-}
-
 std::unique_ptr<Page> RecordingPageFactory::create(PageKind kind, PageHost& host, QWidget* parent) {
     struct Made {
         int id;

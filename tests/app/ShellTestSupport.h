@@ -31,8 +31,7 @@ inline void PrintTo(const QString& text, std::ostream* out) {
     *out << '"' << text.toStdString() << '"';
 }
 
-// A page that does nothing but write each call into the shared log as "<name> <call> [argument]",
-// and count its paints.
+// A page that does nothing but write each call into the shared log as "<name> <call> [argument]".
 class RecordingPage : public Page {
 public:
     RecordingPage(PageHost& host, int dialogId, const QString& className, QString name, QStringList& log,
@@ -45,15 +44,10 @@ public:
     bool handleCommand(int command) override;
     void applyTimes(const WorkoutTimes& times) override;
     void openGroup(const QDate& date, int groupCode) override;
-    int paints() const { return m_paints; }
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     QString m_name;
     QStringList& m_log;
-    int m_paints = 0;
 };
 
 // Makes RecordingPages named "upper", "today", "lower", "aerobic", "food", "reports", "calendar"

@@ -70,8 +70,6 @@ TEST_F(UsersTest, SwitchUserMakesTheChosenUserCurrentStoresItAndReloadsEveryPage
     EXPECT_EQ(m_boxes.texts(), QStringList{"Please select a user"});
     EXPECT_EQ(main().foodDatabaseName(), "Kov2Foodann");
     EXPECT_EQ(reloads(), kReloadAll + kReloadAll);
-
-    // That the last user is made current at the next start is the main window's test.
 }
 
 TEST_F(UsersTest, AddNewUserOpensTheEditorWhoseAddedUserBecomesCurrentOrElseTheDefaultUser) {

@@ -12,13 +12,11 @@ void ScriptedMessageBoxes::clear() {
     m_answers.clear();
     m_texts.clear();
     m_captions.clear();
-    m_types.clear();
 }
 
-int ScriptedMessageBoxes::show(QObject* /*owner*/, const QString& text, const QString& caption, UINT type) {
+int ScriptedMessageBoxes::show(QObject* /*owner*/, const QString& text, const QString& caption, UINT /*type*/) {
     m_texts.append(text);
     m_captions.append(caption);
-    m_types.append(type);
     if (m_answers.empty()) {
         return IDOK;
     }

@@ -4,7 +4,6 @@
 
 #include "MessageBoxPresenter.h"
 
-#include <QList>
 #include <QStringList>
 
 #include <deque>
@@ -19,8 +18,6 @@ public:
     void queueAnswer(int answer) { m_answers.push_back(answer); }
     const QStringList& texts() const { return m_texts; }
     const QStringList& captions() const { return m_captions; }
-    // The MB_ type bits of each box shown.
-    const QList<UINT>& types() const { return m_types; }
     // Forgets the boxes shown and the answers still queued.
     void clear();
 
@@ -30,6 +27,5 @@ private:
     std::deque<int> m_answers;
     QStringList m_texts;
     QStringList m_captions;
-    QList<UINT> m_types;
     MessageBoxPresenter* m_previous = nullptr;
 };
