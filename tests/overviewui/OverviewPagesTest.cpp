@@ -12,6 +12,7 @@
 #include "StrengthLogPage.h"
 #include "resource.h"
 
+#include <QApplication>
 #include <QDialog>
 #include <QPushButton>
 #include <QTabBar>
@@ -77,10 +78,10 @@ TEST_F(OverviewPagesTest, TodayConvertsTheEarlierLogAtStartAndRedrawsOnItsButton
     EXPECT_EQ(stored("UpConv").toInt(), 1);
 
     ASSERT_TRUE(waitUntil([this] { return today().nextMealText() == "Tuna"; }));
-    QTest::qWait(200); // the start's last redraw
+    QApplication::processEvents(); // the redraws the start left waiting
     // At the meal's minute it is past; the page shows it once the tool-bar button redraws it.
     Clock::setFixed(QDateTime(kToday, QTime(10, 1)));
-    QTest::qWait(100);
+    QApplication::processEvents();
     EXPECT_EQ(today().nextMealText(), "Tuna");
     trigger(ID_TODAY_REFRESH);
     EXPECT_TRUE(waitUntil([this] { return today().nextMealText() == "No remaining meals scheduled"; }));
