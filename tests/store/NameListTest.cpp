@@ -1,5 +1,6 @@
 #include "NameList.h"
 #include "RecordDatabase.h"
+#include "SqlReader.h"
 #include "TestDevice.h"
 
 #include <gtest/gtest.h>
@@ -9,8 +10,10 @@ TEST(NameList, IsCreatedWithItsDefaultsOnceListedInTextOrderAndChangedByExactTex
     const NameList list(QStringLiteral("KovChestList"));
     EXPECT_FALSE(list.exists());
     ASSERT_TRUE(list.ensureExists({"Dumbbell Flyes", "Barbell Bench Press", "Incline Dumbbell Press"}));
-    // A second call finds the list and adds nothing.
+    // A second call finds the list and adds nothing. The list is a database of type 12345 sorted on the item.
     ASSERT_TRUE(list.ensureExists({"Dumbbell Flyes"}));
+    EXPECT_EQ(SqlReader(device.paths().objectStore()).value("SELECT type || ' ' || sort_propid FROM databases"),
+              "12345 52494367");
     EXPECT_EQ(list.items(), QStringList({"Barbell Bench Press", "Dumbbell Flyes", "Incline Dumbbell Press"}));
 
     EXPECT_EQ(list.add("Lake loop"), NameList::AddResult::Added);
