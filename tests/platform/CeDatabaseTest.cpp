@@ -132,8 +132,8 @@ TEST_F(CeDatabaseTest, EveryPropertyTypeRoundTripsAndIsStoredAsItsSqlType) {
         {prop(PROP_TAG(CEVT_UI4, 4), [](auto& v) { v.ulVal = 0xFFFFFFFFu; }), "integer", qint64(4294967295)},
         {prop(PROP_TAG(CEVT_BOOL, 5), [](auto& v) { v.boolVal = TRUE; }), "integer", qint64(1)},
         {prop(PROP_TAG(CEVT_R8, 6), [](auto& v) { v.dblVal = -102.25; }), "real", -102.25},
-        {prop(PROP_TAG(CEVT_LPWSTR, 7), [](auto& v) { v.lpwstr = QString::fromUtf8("Übung 10×"); }), "text",
-         QString::fromUtf8("Übung 10×")},
+        {prop(PROP_TAG(CEVT_LPWSTR, 7), [](auto& v) { v.lpwstr = QString::fromUtf8("Übung 10× 🍙"); }), "text",
+         QString::fromUtf8("Übung 10× 🍙")},
         {prop(PROP_TAG(CEVT_FILETIME, 8),
               [](auto& v) {
                   v.filetime = FILETIME{0x12345678, 0x01C0FFEE};
